@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+
+#include "core/CExtendable.h"
+#include "core/NodeListener.h"
+
+namespace qvo::zmx {
+
+/// A scene node as every side sees it: visibility, selection, place in the hierarchy.
+class CNode : public CExtendable {
+  public:
+    virtual void show() = 0;       // slot 3
+    virtual void hide() = 0;       // slot 4
+    virtual bool isVisible() = 0;  // slot 5
+
+    /// Selects the node: in place of the present selection, or in addition to it inside a selection batch.
+    virtual void select() = 0;  // slot 6
+
+    /// True for a transient view of a node, and for a wrapper whose node has left the scene.
+    virtual bool isRemoved() = 0;  // slot 7
+
+    /// A view of the parent, or null at the top level. Given back through releaseNode.
+    virtual core::CoreNode* getParent() = 0;  // slot 8
+
+    virtual int numberOfChildren() = 0;  // slot 9
+
+    /// A view of child `index`, or null. Given back through releaseNode.
+    virtual core::CoreNode* getChild(int index) = 0;  // slot 10
+
+    /// Takes back a view that this interface handed out.
+    virtual void releaseNode(core::CoreNode* node) = 0;  // slot 11
+
+    virtual ~CNode() = default;  // slot 12
+
+    /// The node's name as it was given at creation or claiming; the host's own name may differ.
+    std::string name;
+
+    /// Told when undo and redo take the node out and bring it back; may be null; not owned.
+    NodeListener* listener = nullptr;
+
+  protected:
+    CNode() = default;
+    CNode(const CNode&) = default;
+    CNode& operator=(const CNode&) = default;
+};
+
+}  // namespace qvo::zmx

@@ -1,0 +1,109 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/CNode.h"
+#include "core/CSnapshot.h"
+#include "core/CSnapshot_Helper.h"
+#include "core/CSnapshot_Lens.h"
+#include "core/CSnapshot_Mesh.h"
+#include "core/CSnapshot_Shape.h"
+#include "core/Owner.h"
+#include "util/ReturnValue.h"
+
+namespace qvo::zmx::core {
+
+/// The core's handle on one scene node.
+///
+/// A registered wrapper is made together with its node, or by claim(); it has an owner and lives until
+/// deleteNode() or until the scene goes. A transient wrapper is a short-lived view that the core gives back
+/// through releaseNode(). Snapshots are lent: acquired here, given back through the release operation of the
+/// same kind. Times are seconds. No operation throws; a wrapper whose node is gone answers null, false, 0 or
+/// does nothing.
+///
+/// The slot order is a contract and never changes.
+class CoreNode : public CNode {
+  public:
+    class Snapshot : public CSnapshot {};
+    class Snapshot_Helper : public CSnapshot_Helper {};
+    class Snapshot_Lens : public CSnapshot_Lens {};
+    class Snapshot_Shape : public CSnapshot_Shape {};
+
+    /// Stands between CSnapshot_Mesh and the implementations so that the second getMesh follows the
+    /// destructor.
+    class Snapshot_Mesh : public CSnapshot_Mesh {
+      public:
+        using CSnapshot_Mesh::getMesh;
+
+        /// Hands the node's mesh to `sink`; false, and the sink untouched, when there is none.
+        virtual bool getMesh(util::ReturnValue<util::CMesh>& sink) = 0;  // slot 7
+    };
+
+    virtual void addAnnotation(const std::string& text) { annotations.push_back(text); }  // slot 13
+
+    virtual void getAnnotations(util::ReturnValue<std::vector<std::string>>& result) {  // slot 14
+        result.set(annotations);
+    }
+
+    /// Deletes this wrapper; the scene node stays.
+    virtual void destroy() = 0;  // slot 15
+
+    /// Turns a view into a registered wrapper of the same node for `newOwner`. Null for a registered wrapper,
+    /// and when the node is wrapped already. The view itself is unchanged.
+    virtual CoreNode* claim(Owner* newOwner, std::string newName) = 0;  // slot 16
+
+    /// Lets go of the node: the wrapper leaves the adaptor's list and has no owner any more.
+    virtual void markRemoved() = 0;  // slot 17
+
+    virtual Snapshot* acquireSnapshot(double seconds) = 0;             // slot 18
+    virtual Snapshot_Helper* acquireHelperSnapshot() = 0;              // slot 19
+    virtual Snapshot_Mesh* acquireMeshSnapshot(double seconds) = 0;    // slot 20
+    virtual Snapshot_Lens* acquireLensSnapshot(double seconds) = 0;    // slot 21
+    virtual Snapshot_Shape* acquireShapeSnapshot(double seconds) = 0;  // slot 22
+
+    virtual void releaseHelperSnapshot(Snapshot_Helper* snapshot) = 0;  // slot 23
+    virtual void releaseMeshSnapshot(Snapshot_Mesh* snapshot) = 0;      // slot 24
+    virtual void releaseLensSnapshot(Snapshot_Lens* snapshot) = 0;      // slot 25
+    virtual void releaseShapeSnapshot(Snapshot_Shape* snapshot) = 0;    // slot 26
+    virtual void releaseSnapshot(Snapshot* snapshot) = 0;               // slot 27
+
+    virtual bool isSameNode(CoreNode* other) = 0;  // slot 28
+
+    /// Moves the node under `newParent`, or to the top level for null; its world placement is kept. Always 0.
+    virtual int setParent(CoreNode* newParent) = 0;  // slot 29
+
+    /// Deletes all keys after `seconds` from the node and its object.
+    virtual void clearAnimationFrom(double seconds) = 0;  // slot 30
+
+    /// Renames the scene node; the text is cut at 1,024 characters.
+    virtual void setName(std::string newName) = 0;  // slot 31
+
+    /// The scene node's present name.
+    virtual std::string getName() = 0;  // slot 32
+
+    /// Ends the wrapper, and with `deleteHostNode` the scene node too; otherwise the node is only handed back
+    /// to the host's own controllers.
+    virtual void deleteNode(bool deleteHostNode) = 0;  // slot 33
+
+    /// Copies the node, with `expandHierarchy` its descendants too; a view of the copy, or null.
+    virtual CoreNode* cloneNode(bool expandHierarchy) = 0;  // slot 34
+
+    /// On whose behalf the node exists; compared by identity; null when nobody owns it.
+    Owner* owner = nullptr;
+
+    /// The wrapper through which a view was obtained; null for registered wrappers.
+    CoreNode* origin = nullptr;
+
+    /// True while the core moves the node.
+    bool driven = true;
+
+    std::vector<std::string> annotations;
+
+  protected:
+    CoreNode() = default;
+    CoreNode(const CoreNode&) = default;
+    CoreNode& operator=(const CoreNode&) = default;
+};
+
+}  // namespace qvo::zmx::core
