@@ -1,0 +1,4 @@
+#pragma once
+
+/// Ids of the standard plug-ins.
+#include "plugapi.h"

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "baseinterface.h"
+#include "box3.h"
+#include "coreexp.h"
+#include "maxtypes.h"
+
+typedef Point3 UVVert;
+
+/// Visibility bits of a face's edges: A is v0-v1, B v1-v2, C v2-v0.
+constexpr DWORD EDGE_A = 1;
+constexpr DWORD EDGE_B = 2;
+constexpr DWORD EDGE_C = 4;
+constexpr DWORD EDGE_ALL = EDGE_A | EDGE_B | EDGE_C;
+constexpr int FACE_MATID_SHIFT = 16;
+
+/// Triangle by vertex indices. Material id in the high half of `flags`.
+class Face {
+  public:
+    DWORD v[3] = {0, 0, 0};
+    DWORD smGroup = 0;
+    DWORD flags = EDGE_ALL;
+
+    void setVerts(int a, int b, int c) {
+        v[0] = static_cast<DWORD>(a);
+        v[1] = static_cast<DWORD>(b);
+        v[2] = static_cast<DWORD>(c);
+    }
+    DWORD getVert(int i) const { return v[i]; }
+    void setEdgeVisFlags(int va, int vb, int vc) {
+        flags = (flags & ~EDGE_ALL) | (va ? EDGE_A : 0u) | (vb ? EDGE_B : 0u) | (vc ? EDGE_C : 0u);
+    }
+    void setSmGroup(DWORD group) { smGroup = group; }
+    void setMatID(MtlID id) { flags = (flags & 0xffffu) | (static_cast<DWORD>(id) << FACE_MATID_SHIFT); }
+    MtlID getMatID() const { return static_cast<MtlID>(flags >> FACE_MATID_SHIFT); }
+};
+
+/// Texture triangle by texture vertex indices.
+class TVFace {
+  public:
+    DWORD t[3] = {0, 0, 0};
+
+    void setTVerts(int a, int b, int c) {
+        t[0] = static_cast<DWORD>(a);
+        t[1] = static_cast<DWORD>(b);
+        t[2] = static_cast<DWORD>(c);
+    }
+    DWORD getTVert(int i) const { return t[i]; }
+};
+
+/// Triangle mesh, a value class: members and locals are fine. Vertices in object space, system units. The
+/// arrays are null when their count is 0. Resizing with `keep` FALSE leaves contents undefined; texture faces
+/// are not kept in step with faces. A negative count changes nothing and answers FALSE.
+class CoreExport Mesh : public BaseInterfaceServer {
+  public:
+    int numVerts = 0, numFaces = 0, numTVerts = 0;
+    Point3* verts = nullptr;
+    Face* faces = nullptr;
+    UVVert* tVerts = nullptr;
+    TVFace* tvFace = nullptr;
+
+    Mesh() = default;
+    Mesh(const Mesh& other);
+    Mesh& operator=(const Mesh& other);
+    ~Mesh() override;
+
+    BOOL setNumVerts(int ct, BOOL keep = FALSE, BOOL synchSel = TRUE);
+    BOOL setNumFaces(int ct, BOOL keep = FALSE, BOOL synchSel = TRUE);
+    BOOL setNumTVerts(int ct, BOOL keep = FALSE);
+    /// `oldCt`: number of old texture faces to keep, 0 for as many as there are.
+    BOOL setNumTVFaces(int ct, BOOL keep = FALSE, int oldCt = 0);
+    int getNumVerts() const { return numVerts; }
+    int getNumFaces() const { return numFaces; }
+    int getNumTVerts() const { return numTVerts; }
+    int getNumTVFaces() const { return numTVFaces_; }
+
+    Point3& getVert(int i) { return verts[i]; }
+    void setVert(int i, const Point3& p) { verts[i] = p; }
+    UVVert& getTVert(int i) { return tVerts[i]; }
+    void setTVert(int i, const UVVert& p) { tVerts[i] = p; }
+    void setTVert(int i, float x, float y, float z) { tVerts[i] = UVVert(x, y, z); }
+
+    /// Of the vertices, transformed when `tm` is given. No vertices: an empty box.
+    /// Simplified: computed at every call, so the cache calls below have nothing to do.
+    Box3 getBoundingBox(Matrix3* tm = nullptr);
+    void buildBoundingBox() {}
+    void buildNormals() {}
+    void InvalidateGeomCache() {}
+    void InvalidateTopologyCache() {}
+    void EnableEdgeList(int /*e*/) {}
+    /// Back to an empty mesh.
+    void FreeAll();
+
+  private:
+    int numTVFaces_ = 0;
+};
