@@ -19,7 +19,8 @@ namespace qvo::util {
 /// their life by one more tab; both write through the instance. Use logLine() and logValue() below to write:
 /// they test the threshold before they format.
 ///
-/// Nothing here throws: a line for which there is no memory is dropped, so that a catch block can log.
+/// Making channels and sections and writing lines never throws: a line for which there is no memory is
+/// dropped, so that a catch block can log.
 class Log : public Singleton<Log> {
   public:
     static constexpr std::int32_t kOwnLevel = -1;  ///< any negative level: the level given at construction

@@ -39,8 +39,9 @@ class Singleton : public SingletonReference {
     }
 
     ~Singleton() override {  // slot 1
-        withdraw(*this);
+        // The pointer first: a dying collector must not be found, and asked to withdraw itself, any more.
         if (static_cast<Singleton*>(instance_) == this) instance_ = nullptr;
+        withdraw(*this);
     }
 
   protected:
