@@ -1,0 +1,313 @@
+#include "adaptor/max/nodes/CMAXNode.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "adaptor/max/controllers/Conversion.h"
+#include "adaptor/max/nodes/CMAXSnapshot.h"
+#include "adaptor/max/nodes/HostTime.h"
+#include "adaptor/max/nodes/NodeInstanceRestoreObj.h"
+#include "adaptor/max/nodes/SelectionBatch.h"
+#include "adaptor/max/services/Boundary.h"
+#include "adaptor/max/services/HoldScope.h"
+#include "adaptor/max/services/MaxAdaptorInterface.h"
+#include "util/Log.h"
+
+namespace qvo::zmx::adaptor::max {
+
+using util::Log;
+using util::logLine;
+using util::logValue;
+
+namespace {
+
+NodeRegistry& registry() {
+    return MaxAdaptorInterface::instance().nodes();
+}
+
+/// The wrapper behind a node that crossed the boundary: every node the core holds came from this adaptor.
+CMAXNode* wrapperOf(core::CoreNode* node) {
+    return static_cast<CMAXNode*>(node);
+}
+
+}  // namespace
+
+void renameHostNode(INode& node, const std::string& name) {
+    std::string hostName = name.substr(0, kMaxNodeName);
+    node.SetName(hostName.data());
+}
+
+CMAXNode::CMAXNode(core::Owner* nodeOwner, std::string nodeName, CMAXNode* parent, INode* hostNode)
+    : removed_(false), node_(hostNode), handle_(hostNode ? hostNode->GetHandle() : 0) {
+    name = std::move(nodeName);
+    owner = nodeOwner;
+    INode* const parentNode = parent ? parent->hostNode() : nullptr;
+    if (parentNode && hostNode) parentNode->AttachChild(hostNode, TRUE);
+    registry().add(*this);
+}
+
+CMAXNode::CMAXNode(CMAXNode* from, INode* hostNode)
+    : removed_(true), node_(hostNode), handle_(hostNode ? hostNode->GetHandle() : 0) {
+    origin = from;
+    if (const CMAXNode* const registered = hostNode ? registry().findByHandle(handle_) : nullptr) {
+        name = registered->name;
+        owner = registered->owner;
+    } else if (hostNode) {
+        name = hostNode->GetName();
+    }
+}
+
+CMAXNode::~CMAXNode() {
+    guarded("~CMAXNode", [&] {
+        Log section("Deconstructing node", Log::kNotice);
+        logValue(section, Log::kNotice, "name", getName());
+        if (removed_)
+            logLine(section, Log::kNotice, "node is a snapshot");
+        else
+            registry().remove(*this);
+        registry().forgetRetired(*this);
+        for (NodeInstanceRestoreObj* const record : records_)
+            record->withdraw();
+        snapshots_.dissolve([](CMAXSnapshot& lent) {
+            lent.wrapper = lent.current = nullptr;
+            logLine(Log::kError, "Encountered still acquired snapshot");
+        });
+    });
+}
+
+INode* CMAXNode::hostNode() const {
+    return node_ && GetCOREInterface()->GetINodeByHandle(handle_) == node_ ? node_ : nullptr;
+}
+
+// Lifetime
+
+void CMAXNode::holdBy(NodeInstanceRestoreObj& record) {
+    records_.push_back(&record);
+}
+
+void CMAXNode::letGoBy(NodeInstanceRestoreObj& record) {
+    records_.erase(std::remove(records_.begin(), records_.end(), &record), records_.end());
+}
+
+void CMAXNode::abandon() {
+    owner = nullptr;
+    listener = nullptr;
+    abandoned_ = true;
+    destroyIfAbandoned();
+}
+
+void CMAXNode::destroyIfAbandoned() {
+    if (abandoned_ && records_.empty()) destroy();
+}
+
+void CMAXNode::retireOrDestroy() {
+    registry().remove(*this);
+    MaxAdaptorInterface& adaptor = MaxAdaptorInterface::instance();
+    if (owner && adaptor.isUndoRecording())
+        adaptor.addOwnUndoRecord(new NodeInstanceRestoreObj(*this, false));  // the host owns it
+    else
+        destroy();
+}
+
+core::CoreNode* CMAXNode::claim(core::Owner* newOwner, std::string newName) {
+    return guarded("claim", static_cast<core::CoreNode*>(nullptr), [&]() -> core::CoreNode* {
+        INode* const node = hostNode();
+        if (!removed_ || !node || registry().findByHandle(handle_)) return nullptr;
+        return new CMAXNode(newOwner, std::move(newName), nullptr, node);  // the registry's from here on
+    });
+}
+
+void CMAXNode::markRemoved() {
+    guarded("markRemoved", [&] {
+        if (removed_) return;
+        removed_ = true;
+        registry().remove(*this);
+        owner = nullptr;
+        origin = nullptr;
+    });
+}
+
+void CMAXNode::releaseNode(core::CoreNode* node) {
+    guarded("releaseNode", [&] {
+        if (node) node->destroy();
+    });
+}
+
+void CMAXNode::deleteHostSide(bool deleteHostNode) {
+    INode* const node = hostNode();
+    if (!node) return;
+    if (!deleteHostNode) {
+        convertNodeTransform(*node);
+        convertNodeScalars(*node);
+        return;
+    }
+    if (!MaxAdaptorInterface::instance().nodesBeingDeleted().contains(*node))
+        GetCOREInterface()->DeleteNode(node, TRUE, FALSE);
+}
+
+void CMAXNode::deleteNode(bool deleteHostNode) {
+    guarded("deleteNode", [&] {
+        if (!removed_) {
+            registry().remove(*this);
+            deleteHostSide(deleteHostNode);
+            retireOrDestroy();
+            return;
+        }
+        const bool borrowed = owner && (!origin || origin->owner != owner);
+        if (borrowed) return;  // a component cannot delete another component's node through a view of it
+        deleteHostSide(deleteHostNode);
+        if (deleteHostNode)
+            if (CMAXNode* const registered = registry().findByHandle(handle_)) registered->retireOrDestroy();
+        destroy();
+    });
+}
+
+// Visibility and selection
+
+void CMAXNode::show() {
+    guarded("show", [&] {
+        if (INode* const node = hostNode()) node->Hide(FALSE);
+    });
+}
+
+void CMAXNode::hide() {
+    guarded("hide", [&] {
+        if (INode* const node = hostNode()) node->Hide(TRUE);
+    });
+}
+
+bool CMAXNode::isVisible() {
+    return guarded("isVisible", false, [&] {
+        INode* const node = hostNode();
+        return node && node->IsHidden(0, FALSE) == 0;
+    });
+}
+
+void CMAXNode::select() {
+    guarded("select", [&] {
+        INode* const node = hostNode();
+        if (!node) return;
+        if (SelectionBatch::isOpen()) {
+            GetCOREInterface()->SelectNode(node, 0);
+            return;
+        }
+        const HoldScope hold("Select");
+        GetCOREInterface()->SelectNode(node, 1);
+    });
+}
+
+// Hierarchy
+
+core::CoreNode* CMAXNode::getParent() {
+    return guarded("getParent", static_cast<core::CoreNode*>(nullptr), [&]() -> core::CoreNode* {
+        INode* const node = hostNode();
+        INode* const parent = node ? node->GetParentNode() : nullptr;
+        return parent && !parent->IsRootNode() ? new CMAXNode(this, parent) : nullptr;  // the core's
+    });
+}
+
+int CMAXNode::numberOfChildren() {
+    return guarded("numberOfChildren", 0, [&] {
+        INode* const node = hostNode();
+        return node ? node->NumberOfChildren() : 0;
+    });
+}
+
+core::CoreNode* CMAXNode::getChild(int index) {
+    return guarded("getChild", static_cast<core::CoreNode*>(nullptr), [&]() -> core::CoreNode* {
+        INode* const node = hostNode();
+        if (!node || index < 0 || index >= node->NumberOfChildren()) return nullptr;
+        INode* const child = node->GetChildNode(index);
+        return child ? new CMAXNode(this, child) : nullptr;  // the core's
+    });
+}
+
+int CMAXNode::setParent(core::CoreNode* newParent) {
+    return guarded("setParent", 0, [&] {
+        INode* const node = hostNode();
+        if (!node) return 0;
+        if (!newParent) {
+            node->Detach(0, TRUE);
+            return 0;
+        }
+        Log section("Setting parent for " + getName(), Log::kNotice);
+        logValue(section, Log::kNotice, "new parent", newParent->getName());
+        INode* const parentNode = wrapperOf(newParent)->hostNode();
+        if (!parentNode) {
+            logLine(section, Log::kNotice, "Invalid parent node");
+            return 0;
+        }
+        logLine(section, Log::kNotice, "setting parent...");
+        parentNode->AttachChild(node, TRUE);
+        logLine(section, Log::kNotice, "parent set");
+        return 0;
+    });
+}
+
+bool CMAXNode::isSameNode(core::CoreNode* other) {
+    return guarded("isSameNode", false, [&] {
+        const INode* const node = hostNode();
+        return node && other && wrapperOf(other)->hostNode() == node;
+    });
+}
+
+INode* CMAXNode::cloneHostNode(bool expandHierarchy) {
+    INode* node = hostNode();
+    if (!node) return nullptr;
+    INodeTab originals;
+    originals.Append(1, &node);
+    Point3 offset(0, 0, 0);
+    INodeTab sources;
+    INodeTab copies;
+    GetCOREInterface()->CloneNodes(originals, offset, expandHierarchy, NODE_COPY, &sources, &copies);
+    return copies.Count() > 0 ? copies[0] : nullptr;
+}
+
+core::CoreNode* CMAXNode::cloneNode(bool expandHierarchy) {
+    return guarded("cloneNode", static_cast<core::CoreNode*>(nullptr), [&]() -> core::CoreNode* {
+        INode* const copy = cloneHostNode(expandHierarchy);
+        return copy ? new CMAXNode(this, copy) : nullptr;  // the core's
+    });
+}
+
+// Names and notes
+
+std::string CMAXNode::getName() {
+    return guarded("getName", std::string(), [&] {
+        INode* const node = hostNode();
+        return node ? std::string(node->GetName()) : std::string();
+    });
+}
+
+void CMAXNode::setName(std::string newName) {
+    guarded("setName", [&] {
+        if (INode* const node = hostNode()) renameHostNode(*node, newName);
+    });
+}
+
+void CMAXNode::addAnnotation(const std::string& text) {
+    guarded("addAnnotation", [&] { CoreNode::addAnnotation(text); });
+}
+
+void CMAXNode::getAnnotations(util::ReturnValue<std::vector<std::string>>& result) {
+    guarded("getAnnotations", [&] { CoreNode::getAnnotations(result); });
+}
+
+// Snapshots
+
+core::CoreNode::Snapshot* CMAXNode::acquireSnapshot(double seconds) {
+    return guarded("acquireSnapshot", static_cast<Snapshot*>(nullptr), [&]() -> Snapshot* {
+        if (!hostNode()) return nullptr;
+        CMAXSnapshot& snapshot = snapshots_.acquire([&] { return new CMAXSnapshot(*this); });
+        snapshot.current = this;
+        snapshot.time = seconds;
+        snapshot.ticks = ticksFromSeconds(seconds);
+        return &snapshot;
+    });
+}
+
+void CMAXNode::releaseSnapshot(Snapshot* snapshot) {
+    if (snapshot) static_cast<CMAXSnapshot*>(snapshot)->acquired = false;
+}
+
+}  // namespace qvo::zmx::adaptor::max

@@ -1,0 +1,143 @@
+// How the helper object shows itself: display mesh, drawing, picking, bounding boxes.
+
+#include <algorithm>
+#include <cmath>
+
+#include "adaptor/max/nodes/CustomHelperObject.h"
+#include "adaptor/max/nodes/HostSpace.h"
+
+namespace qvo::zmx::adaptor::max {
+
+namespace {
+
+constexpr int kPickTolerance = 4;       // pixels
+constexpr double kMarkerRadius = 0.02;  // meters, of the cross that stands for an empty shape
+constexpr float kAxisFactor = 1.5f;     // by which the pivot's axes stick out of the shape
+
+void drawLine(GraphicsWindow& window, const Point3& from, const Point3& to, const Point3& color) {
+    Point3 ends[2] = {from, to};
+    Point3 colors[2] = {color, color};
+    window.polyline(2, ends, colors, FALSE, nullptr);
+}
+
+}  // namespace
+
+void CustomHelperObject::rebuildDisplayMesh() {
+    displayMesh_.setNumVerts(static_cast<int>(shape_.vertices.size()), FALSE, TRUE);
+    // Without a vertex there is no index that a triangle could name.
+    displayMesh_.setNumFaces(shape_.vertices.empty() ? 0 : shape_.faceCount(), FALSE, TRUE);
+    for (int i = 0; i < displayMesh_.getNumVerts(); ++i) {
+        const util::Point3d& vertex = shape_.vertices[static_cast<std::size_t>(i)];
+        displayMesh_.setVert(i, Point3(static_cast<float>(vertex.x), static_cast<float>(vertex.y),
+                                       static_cast<float>(vertex.z)));
+    }
+    fillDisplayFaces();
+    displayMesh_.InvalidateGeomCache();
+    displayMesh_.InvalidateTopologyCache();
+}
+
+void CustomHelperObject::fillDisplayFaces() {
+    const int vertexCount = displayMesh_.getNumVerts();
+    const auto isVertex = [vertexCount](int index) { return index >= 0 && index < vertexCount; };
+    for (int i = 0; i < displayMesh_.getNumFaces(); ++i) {
+        const int* const corner = &shape_.faces[static_cast<std::size_t>(i) * 3];
+        Face& face = displayMesh_.faces[i];
+        if (isVertex(corner[0]) && isVertex(corner[1]) && isVertex(corner[2]))
+            face.setVerts(corner[0], corner[1], corner[2]);
+        else
+            face.setVerts(0, 0, 0);
+        face.setEdgeVisFlags(1, 1, 0);
+    }
+}
+
+DWORD CustomHelperObject::renderLimits(DWORD viewLimits) const {
+    DWORD limits = viewLimits | GW_Z_BUFFER;
+    if (backfaceCulling()) limits |= GW_BACKCULL;
+    if (wireframe()) limits = (limits & ~GW_LIGHTING) | GW_WIREFRAME | GW_FLAT;
+    return limits;
+}
+
+void CustomHelperObject::drawShape(GraphicsWindow& window) {
+    const Point3 color(color_[0], color_[1], color_[2]);
+    window.setColor(LINE_COLOR, color);
+    window.setColor(FILL_COLOR, color);
+    Point3 colors[3] = {color, color, color};
+    for (int i = 0; i < displayMesh_.getNumFaces(); ++i) {
+        const Face& face = displayMesh_.faces[i];
+        Point3 corners[3];
+        int visible[3];
+        for (int c = 0; c < 3; ++c) {
+            corners[c] = displayMesh_.getVert(static_cast<int>(face.v[c]));
+            visible[c] = (face.flags >> c) & 1;
+        }
+        if (wireframe())
+            window.polyline(3, corners, colors, TRUE, visible);
+        else
+            window.triangle(corners, colors);
+    }
+}
+
+float CustomHelperObject::pivotReach() {
+    const Box3 box = displayMesh_.getBoundingBox();
+    if (box.IsEmpty()) return static_cast<float>(kMarkerRadius * systemUnitsPerMeter());
+    float reach = 0.0f;
+    for (int axis = 0; axis < 3; ++axis)
+        reach = std::max({reach, std::abs(box.pmin[axis]), std::abs(box.pmax[axis])});
+    return kAxisFactor * reach;
+}
+
+void CustomHelperObject::drawLines(GraphicsWindow& window) {
+    const bool drawMarker = markerWhenEmpty() && shape_.vertices.empty();
+    if (!drawMarker && !pivotAxes()) return;
+    const Point3 axes[3] = {Point3(1.0f, 0.0f, 0.0f), Point3(0.0f, 1.0f, 0.0f), Point3(0.0f, 0.0f, 1.0f)};
+    const Point3 color(color_[0], color_[1], color_[2]);
+    const float reach = pivotReach();
+    for (const Point3& axis : axes) {
+        const Point3 end = axis * reach;
+        if (drawMarker) drawLine(window, -end, end, color);
+        // The axes carry the usual colours: x red, y green, z blue.
+        if (pivotAxes()) drawLine(window, Point3(0.0f, 0.0f, 0.0f), end, axis);
+    }
+}
+
+int CustomHelperObject::Display(TimeValue t, INode* inode, ViewExp* vpt, int /*flags*/) {
+    rebuildDisplayMesh();
+    GraphicsWindow& window = *vpt->getGW();
+    const DWORD viewLimits = window.getRndLimits();
+    window.setRndLimits(renderLimits(viewLimits));
+    window.setTransform(inode->GetObjectTM(t));
+    drawShape(window);
+    drawLines(window);
+    window.setRndLimits(viewLimits);
+    return 1;
+}
+
+int CustomHelperObject::HitTest(TimeValue t, INode* inode, int type, int crossing, int /*flags*/, IPoint2* p,
+                                ViewExp* vpt) {
+    rebuildDisplayMesh();
+    GraphicsWindow& window = *vpt->getGW();
+    HitRegion region;
+    MakeHitRegion(region, type, crossing, kPickTolerance, p);
+    const DWORD viewLimits = window.getRndLimits();
+    window.setRndLimits((viewLimits | GW_PICK) & ~GW_ILLUM);
+    window.setTransform(inode->GetObjectTM(t));
+    window.setHitRegion(&region);
+    window.clearHitCode();
+    drawShape(window);
+    drawLines(window);
+    const BOOL hit = window.checkHitCode();
+    window.setRndLimits(viewLimits);
+    return hit;
+}
+
+void CustomHelperObject::GetLocalBoundBox(TimeValue /*t*/, INode* /*inode*/, ViewExp* /*vpt*/, Box3& box) {
+    rebuildDisplayMesh();
+    box = displayMesh_.getBoundingBox();
+}
+
+void CustomHelperObject::GetWorldBoundBox(TimeValue t, INode* inode, ViewExp* vpt, Box3& box) {
+    GetLocalBoundBox(t, inode, vpt, box);
+    box = box * inode->GetObjectTM(t);
+}
+
+}  // namespace qvo::zmx::adaptor::max

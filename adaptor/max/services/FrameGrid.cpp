@@ -1,0 +1,26 @@
+#include "adaptor/max/services/FrameGrid.h"
+
+#include <algorithm>
+
+#include "adaptor/max/Host.h"
+#include "util/Log.h"
+
+namespace qvo::zmx::adaptor::max {
+
+void FrameGrid::setMultiplier(int multiplier) {
+    const int hostRate = GetFrameRate();
+    const int userRate = userFrameRate();
+    if (multiplier < 1 || multiplier > hostRate || multiplier > TIME_TICKSPERSEC / userRate) {
+        util::logLine(util::Log::kWarning, "Ignored frame rate multiplier ", multiplier, " at host rate ",
+                      hostRate);
+        return;
+    }
+    multiplier_ = multiplier;
+    SetFrameRate(userRate * multiplier);
+}
+
+int FrameGrid::userFrameRate() const {
+    return std::max(1, GetFrameRate() / multiplier_);
+}
+
+}  // namespace qvo::zmx::adaptor::max

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "adaptor/max/Host.h"
+
+namespace qvo::zmx::adaptor::max {
+
+/// Holds the host's undo recorder for one operation: begins a hold only if nobody holds, and at the end
+/// accepts, under a fixed name, only what it began itself.
+class HoldScope {
+  public:
+    /// `name` becomes the name of the host's undo entry; it must outlive the scope.
+    explicit HoldScope(const char* name);
+    ~HoldScope();
+
+    HoldScope(const HoldScope&) = delete;
+    HoldScope& operator=(const HoldScope&) = delete;
+
+    /// True when this scope began the hold.
+    bool ownsHold() const { return ownsHold_; }
+
+    /// Undoes what was recorded since, if this scope began the hold; the scope then has nothing left to end.
+    void cancel();
+
+  private:
+    const char* name_;
+    bool ownsHold_;
+};
+
+}  // namespace qvo::zmx::adaptor::max
