@@ -25,6 +25,7 @@ typedef std::uint32_t UINT;
 typedef std::int32_t LONG;
 typedef std::uint32_t ULONG;
 typedef char CHAR;
+typedef char TCHAR;  // narrow builds only
 typedef void* HANDLE;
 typedef void* LPVOID;
 typedef const void* LPCVOID;
@@ -152,7 +153,7 @@ static_assert(sizeof(LPARAM) == sizeof(void*), "pointers travel in messages");
 #define WM_CLOSE 0x0010
 #define WM_INITDIALOG 0x0110
 #define WM_COMMAND 0x0111
-#define WM_USER 0x0400
+#define WM_APP 0x8000
 #define BM_CLICK 0x00F5
 #define BN_CLICKED 0
 
