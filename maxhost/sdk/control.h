@@ -78,7 +78,7 @@ class CoreExport Control : public ReferenceTarget {
     virtual Control* GetRotationController() { return nullptr; }
     virtual Control* GetScaleController() { return nullptr; }
 
-    /// The base writes and reads its flags in chunk 0x3003, at the end of the object's chunks.
+    /// The base writes its flags as chunk 0x3003 at the present place, and reads that chunk if it comes next.
     IOResult Save(ISave* isave) override;
     IOResult Load(ILoad* iload) override;
 

@@ -25,8 +25,6 @@ class CoreExport Quat {
     /// Applies this rotation first, then `b`.
     Quat operator*(const Quat& b) const;
     Quat& operator*=(const Quat& b) { return *this = *this * b; }
-    /// The rotation `r` with `*this == b * r`, that is what leads from `b` to this one.
-    Quat operator/(const Quat& b) const;
     float operator%(const Quat& b) const { return x * b.x + y * b.y + z * b.z + w * b.w; }
 
     Quat& Identity();
