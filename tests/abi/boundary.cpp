@@ -28,8 +28,8 @@ void layOut(zmx::CSnapshot& x) {
 void layOut(zmx::CSnapshot_Mesh& x) {
     x.getMesh();
 }
-void layOut(zmx::core::CoreNode::Snapshot_Mesh& x) {
-    x.getMesh();
+void layOut(zmx::core::CoreNode::Snapshot_Mesh& x, util::ReturnValue<util::CMesh>& sink) {
+    x.getMesh(sink);
 }
 void layOut(zmx::CSnapshot_Shape& x) {
     x.getCurve();
