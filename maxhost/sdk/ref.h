@@ -95,8 +95,9 @@ class CoreExport ReferenceMaker : public Animatable {
   private:
     friend class maxhost::ReferenceAccess;
 
-    int recordHolds_ = 0;     ///< undo records that need this object
-    int referencesMade_ = 0;  ///< targets whose dependents list holds this maker, once per index
+    std::vector<RefTargetHandle> targets_;  ///< whose dependents lists hold this maker, once per reference
+    int recordHolds_ = 0;                   ///< undo records that need this object
+    bool mayBeOrphan_ = false;              ///< an undo has taken the only reference that is known
 };
 
 /// Something that can be referred to. Keeps the list of its dependents, in the order in which they were
