@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <exception>
 #include <fstream>
 #include <limits>
 #include <stdexcept>
@@ -179,16 +178,14 @@ std::int32_t storedLength(const ByteBuffer& buffer) {
 bool readFile(const std::string& path, ByteBuffer& buffer) {
     buffer.clear();
     std::ifstream file(path, std::ios::binary);
-    if (!file.is_open() || !file.seekg(0, std::ios::end)) return false;
-    const std::streamoff size = file.tellg();
-    if (size < 0 || !file.seekg(0)) return false;
-    try {
-        buffer.resize(static_cast<std::size_t>(size));
-    } catch (const std::exception&) {
-        return false;  // a directory claims the largest size there is
-    }
-    file.read(reinterpret_cast<char*>(buffer.data()), static_cast<std::streamsize>(size));
-    if (file.gcount() == static_cast<std::streamsize>(size)) return true;
+    if (!file.is_open()) return false;
+    // Piece by piece: the size that a directory or a device claims is no reason to allocate it.
+    std::array<char, 65536> piece{};
+    do {
+        file.read(piece.data(), static_cast<std::streamsize>(piece.size()));
+        buffer.insert(buffer.end(), piece.data(), piece.data() + file.gcount());
+    } while (file);
+    if (!file.bad()) return true;
     buffer.clear();
     return false;
 }

@@ -37,7 +37,7 @@ bool isCompressed(const ByteBuffer& buffer, bool strict);
 /// The length L that a block claims to unpack to (may be a lie, may be negative); -1 without a valid header.
 std::int32_t storedLength(const ByteBuffer& buffer);
 
-/// Fills `buffer` with the whole file. False, with `buffer` empty, if it cannot be opened, sized or read.
+/// Fills `buffer` with the whole file. False, with `buffer` empty, if it cannot be opened or read.
 bool readFile(const std::string& path, ByteBuffer& buffer);
 
 /// Writes `buffer` as the whole file (binary, truncating). False if it cannot be opened or written.
