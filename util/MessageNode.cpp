@@ -69,10 +69,16 @@ MessageNode::MessageNode(std::string name) : name_(std::move(name)) {}
 
 MessageNode::~MessageNode() {
     BroadcastScope::nodeDies(*this);
+    cutWires();
+}
+
+void MessageNode::cutWires() noexcept {
     for (MessageNode* const listener : listeners_)
         remove(listener->sources_, this);
     for (MessageNode* const source : sources_)
         remove(source->listeners_, this);
+    listeners_.clear();
+    sources_.clear();
 }
 
 void MessageNode::setName(std::string name) {

@@ -45,6 +45,10 @@ class MessageNode {
     virtual bool isListeningTo(MessageNode* node);  // slot 14
     virtual ~MessageNode();                         // slot 15
 
+  protected:
+    /// Cuts all wires of this node without a message: for peers that must not be called any more.
+    void cutWires() noexcept;
+
   private:
     void deliverTo(MessageNode& target, Message& message);
     void deliverToListeners(Message& message);

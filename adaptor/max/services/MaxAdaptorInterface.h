@@ -6,6 +6,7 @@
 #include "adaptor/max/nodes/DeletionTable.h"
 #include "adaptor/max/nodes/NodeRegistry.h"
 #include "adaptor/max/services/FrameGrid.h"
+#include "adaptor/max/services/Gathering.h"
 #include "adaptor/max/services/KeyBatch.h"
 #include "adaptor/max/services/UndoGroups.h"
 #include "core/AdaptorInterface.h"
@@ -66,6 +67,9 @@ class MaxAdaptorInterface : public core::AdaptorInterface,
     int getConfigurationPath(util::ReturnValue<std::string>& path) override;
     void bindAdaptorOptions(core::OptionGroup* options) override;
 
+    /// Messages of the option elements.
+    void receive(util::Message& message, bool broadcast) override;
+
     // For the adaptor's other rooms.
 
     /// The registered node wrappers.
@@ -111,6 +115,7 @@ class MaxAdaptorInterface : public core::AdaptorInterface,
     UndoGroups undoGroups_;
     KeyBatch keyBatch_;
     FrameGrid frameGrid_;
+    Gathering gathering_;
 };
 
 }  // namespace qvo::zmx::adaptor::max

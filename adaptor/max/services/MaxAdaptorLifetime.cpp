@@ -21,6 +21,8 @@ void MaxAdaptorInterface::letGoOfCore() {
     CUndoWrapper::releaseCoreRecords();
     nodes_.abandonAll();
     nodesBeingDeleted_.clear();
+    gathering_.dropRecords();
+    cutWires();
     SelectionBatch::close();
     frameGrid_.setMultiplier(1);
 }

@@ -1,0 +1,70 @@
+#include "adaptor/max/services/AdaptorOptions.h"
+
+#include "adaptor/max/controllers/Conversion.h"
+#include "adaptor/max/plugin/OptionStore.h"
+#include "adaptor/max/plugin/UtilityManager.h"
+#include "adaptor/max/services/MaxAdaptorInterface.h"
+#include "adaptor/max/services/OptionChangeRestoreObj.h"
+
+namespace qvo::zmx::adaptor::max {
+namespace {
+
+constexpr int kFirstOptionMessage = 16384;
+constexpr int kLastOptionMessage = 17280;
+
+/// An undo group of the adaptor's own, for one option.
+class OptionGroupUndo {
+  public:
+    explicit OptionGroupUndo(const std::string& label) { adaptor().beginUndoGroup(label); }
+    ~OptionGroupUndo() { adaptor().endUndoGroup(); }
+    OptionGroupUndo(const OptionGroupUndo&) = delete;
+    OptionGroupUndo& operator=(const OptionGroupUndo&) = delete;
+
+    static MaxAdaptorInterface& adaptor() { return MaxAdaptorInterface::instance(); }
+};
+
+bool isStoredOption(unsigned int id) {
+    return id == kOptimizedControllerOption || id == kDynamicMeshesOption;
+}
+
+void convertAllControllers(const std::string& label) {
+    const OptionGroupUndo group(label);
+    convertAllTransformControls();
+    convertAllScalarControls();
+}
+
+void changeOption(unsigned int id, const std::string& label, bool value) {
+    const OptionGroupUndo group(label);
+    const bool formerValue = UtilityManager::instance().options().value(id);
+    OptionGroupUndo::adaptor().addOwnUndoRecord(new OptionChangeRestoreObj(id, formerValue, value));
+    storeOption(id, value);
+}
+
+}  // namespace
+
+void bindOptions(core::OptionGroup& options, util::MessageNode& listener) {
+    for (const unsigned int id :
+         {kConvertControllersOption, kDynamicMeshesOption, kOptimizedControllerOption}) {
+        core::OptionElement* const element = options.findElement(id);
+        if (!element) continue;
+        if (isStoredOption(id) && element->getType() == core::OptionType::check)
+            static_cast<core::OptionCheck*>(element)->setValue(
+                UtilityManager::instance().options().value(id));
+        listener.connect(element);
+    }
+}
+
+void handleOptionMessage(const util::Message& message) {
+    if (!message.origin || message.code < kFirstOptionMessage || message.code > kLastOptionMessage) return;
+    // Only option elements are ever connected to the adaptor.
+    auto* const element = static_cast<core::OptionElement*>(message.origin);
+    const std::string label = element->getLabel();
+    const unsigned int id = element->getId();
+    if (message.code == core::kOptionPressed && id == kConvertControllersOption)
+        convertAllControllers(label);
+    else if (message.code == core::kOptionChanged && element->getType() == core::OptionType::check &&
+             isStoredOption(id))
+        changeOption(id, label, static_cast<core::OptionCheck*>(element)->getValue());
+}
+
+}  // namespace qvo::zmx::adaptor::max

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "adaptor/max/Host.h"
+#include "util/xml/Element.h"
+
+namespace qvo::zmx::adaptor::max {
+
+/// A tagged node that the running gathering has met. The core may delete nodes meanwhile, so the node is
+/// asked for again by its handle.
+struct GatherRecord {
+    ULONG handle;
+    util::xml::Element tag;
+
+    /// Null when the host does not know the node any more.
+    INode* node() const { return GetCOREInterface()->GetINodeByHandle(handle); }
+};
+
+/// The records of the running gathering, in scene order; empty outside one.
+class GatherRecords {
+  public:
+    void add(INode& node, util::xml::Element&& tag);
+    void clear();
+
+    const std::vector<GatherRecord>& inOrder() const { return records_; }
+
+    /// The node of the last record whose tag names this owner and this object, or null.
+    INode* find(const std::string& ownerName, const std::string& objectName) const;
+
+  private:
+    std::vector<GatherRecord> records_;
+    std::unordered_map<std::string, std::size_t> byName_;  ///< place of the last record of owner and object
+};
+
+}  // namespace qvo::zmx::adaptor::max

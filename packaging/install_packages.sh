@@ -1,0 +1,20 @@
+# Sourced by ./run and ./test.
+#
+# install_packages PACKAGE...: installs those that are missing through apt-get, with sudo where the user is not
+# root, and says so. Status 1 when that fails.
+install_packages() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2> /dev/null | grep -q 'ok installed' || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    local as_root=()
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    echo "installing: ${missing[*]}"
+    "${as_root[@]}" apt-get update -qq > /dev/null &&
+        DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends \
+            "${missing[@]}" > /dev/null || {
+        echo "could not install: ${missing[*]}" >&2
+        return 1
+    }
+}
