@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace qvo::zmx::mocap {
+
+/// Where a clip's frames fall on the host's time line.
+///
+/// The host counts time in ticks, 4800 a second, and its frames are a whole number of ticks apart:
+/// ticks per frame = 4800 / frame rate, an integer division. The adaptor turns seconds into ticks by
+/// trunc((frame rate x seconds) x ticks per frame) and can make the frame rate a multiple of the user's.
+///
+/// The grid is the smallest multiple on which every clip frame is a host frame of its own. Where no multiple
+/// within the adaptor's limits does that, it is the finest one whose ticks per frame come out without
+/// remainder (with a remainder the clip's length would change when the multiple is taken back), or else the
+/// finest at all, and each clip frame takes the host frame nearest to it.
+class FrameGrid {
+  public:
+    static constexpr int kTicksPerSecond = 4800;
+
+    /// `userRate`   the host's frame rate as the user sees it, frames per second, 1 to 4800
+    /// `frameTime`  seconds between two clip frames, as printed in the clip
+    /// `frames`     how many frames the clip has
+    /// Throws std::runtime_error when no grid keeps the frames apart, or the clip is longer than the host's
+    /// time line. Cost: linear in the frames, since each is checked (see verify).
+    FrameGrid(double userRate, double frameTime, std::size_t frames);
+
+    /// What to hand to setFrameRateMultiplier.
+    int multiplier() const { return multiplier_; }
+
+    /// The host's frame rate with the multiplier in effect.
+    int rate() const { return userRate_ * multiplier_; }
+
+    int ticksPerFrame() const { return kTicksPerSecond / rate(); }
+
+    /// True when the clip's frames fall on host frames exactly, false when they are moved to the nearest.
+    bool isExact() const { return exact_; }
+
+    /// The host frame of clip frame `frame`.
+    std::int64_t hostFrame(std::size_t frame) const;
+
+    /// The moment of clip frame `frame` in seconds: the smallest double, from the plain quotient upwards,
+    /// that the adaptor's formula does not turn into the tick before.
+    double secondsOf(std::size_t frame) const;
+
+    /// Seconds from the first clip frame to the last.
+    double lastSecond() const { return frames_ == 0 ? 0.0 : secondsOf(frames_ - 1); }
+
+    /// Seconds between two frames, with printed rates made whole: a time within 0.1 % of 1 / n is 1 / n
+    /// (.0083333 stands for 1 / 120).
+    static double exactFrameTime(double printed);
+
+  private:
+    void chooseMultiplier();
+    /// Proves the grid: no frame falls on a tick other than its host frame's, no two on the same.
+    void verify() const;
+    std::int64_t ticksOf(double seconds) const;
+
+    int userRate_;
+    double frameTime_;
+    std::size_t frames_;
+    int multiplier_ = 1;
+    bool exact_ = false;
+};
+
+}  // namespace qvo::zmx::mocap
