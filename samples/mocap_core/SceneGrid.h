@@ -1,0 +1,34 @@
+#pragma once
+
+#include "core/AdaptorInterface.h"
+
+namespace qvo::zmx::mocap {
+
+/// The frame grid and animation range of the open scene, as far as the core sets them. The adaptor tells no
+/// one its present multiplier, so it is remembered here; only the core ever changes it.
+class SceneGrid {
+  public:
+    struct State {
+        int multiplier;
+        core::AdaptorInterface::TimeRange range;  ///< seconds
+    };
+
+    explicit SceneGrid(core::AdaptorInterface& adaptor) : adaptor_(adaptor) {}
+
+    State current() const { return {multiplier_, adaptor_.getAnimationRange()}; }
+
+    /// Sets multiplier and range as one undoable change; `range` counts on the new grid. Throws
+    /// std::runtime_error, and changes nothing, when the host is not recording.
+    void change(const State& after);
+
+    /// Sets both without a record. The multiplier goes first: the range's seconds become ticks on its grid.
+    void apply(const State& state);
+
+    void setMultiplier(int multiplier);
+
+  private:
+    core::AdaptorInterface& adaptor_;
+    int multiplier_ = 1;
+};
+
+}  // namespace qvo::zmx::mocap
