@@ -16,4 +16,7 @@ struct ScaledRotation {
 /// replaced by any fitting direction.
 ScaledRotation scaledRotation(const Matrix3& m);
 
+/// Whether `Inverse` gives a true inverse.
+bool isInvertible(const Matrix3& m);
+
 }  // namespace maxhost

@@ -3,6 +3,8 @@
 #include <dpoint3.h>
 #include <matrix3.h>
 
+#include "maxhost/src/geometry/Decompose.h"
+
 namespace {
 
 bool isFinite(const Point3& p) {
@@ -26,23 +28,34 @@ struct Adjugate {
     }
 };
 
-}  // namespace
-
-Matrix3 Inverse(const Matrix3& m) {
-    if (m.IsIdentity()) return m;
+/// False, and `inverse` untouched, when there is none in floats.
+bool invert(const Matrix3& m, Matrix3& inverse) {
     const Adjugate adjugate(m);
-    if (adjugate.determinant == 0 || !std::isfinite(adjugate.determinant)) return Matrix3(1);
-    Matrix3 inverse(adjugate.row(0), adjugate.row(1), adjugate.row(2), Point3(0, 0, 0));
-
+    if (adjugate.determinant == 0 || !std::isfinite(adjugate.determinant)) return false;
     DPoint3 shift;
     const DPoint3 trans(m.GetTrans());
     for (int j = 0; j < 3; ++j)
         for (int i = 0; i < 3; ++i)
             shift[j] -= trans[i] * adjugate.column[j][i] / adjugate.determinant;
-    inverse.SetTrans(Point3(shift.x, shift.y, shift.z));
 
+    Matrix3 result(adjugate.row(0), adjugate.row(1), adjugate.row(2), Point3(shift.x, shift.y, shift.z));
     for (int i = 0; i < 4; ++i)
-        if (!isFinite(inverse.GetRow(i))) return Matrix3(1);
-    inverse.SetIdentFlags(m.GetIdentFlags());
+        if (!isFinite(result.GetRow(i))) return false;
+    result.SetIdentFlags(m.GetIdentFlags());
+    inverse = result;
+    return true;
+}
+
+}  // namespace
+
+Matrix3 Inverse(const Matrix3& m) {
+    if (m.IsIdentity()) return m;
+    Matrix3 inverse(1);
+    invert(m, inverse);
     return inverse;
+}
+
+bool maxhost::isInvertible(const Matrix3& m) {
+    Matrix3 inverse(1);
+    return invert(m, inverse);
 }
