@@ -3,13 +3,6 @@
 #include <utility>
 
 namespace qvo::util {
-namespace {
-
-void moveBackFrom(std::int32_t& link, std::int32_t place) {
-    if (link >= place) ++link;
-}
-
-}  // namespace
 
 HuffmanTree::HuffmanTree(std::vector<HuffmanNode> leaves) : nodes_(std::move(leaves)) {
     nodes_.reserve(nodes_.size() * 2);
@@ -26,10 +19,8 @@ void HuffmanTree::joinPair(std::size_t first) {
     const std::size_t place = placeFor(inner.weight, first + 2);
     const auto placeIndex = static_cast<std::int32_t>(place);
     nodes_.insert(nodes_.begin() + static_cast<std::ptrdiff_t>(place), inner);
-    for (std::size_t i = 0; i < first; ++i) {  // only joined nodes link to anything that moved
-        moveBackFrom(nodes_[i].left, placeIndex);
-        moveBackFrom(nodes_[i].right, placeIndex);
-        moveBackFrom(nodes_[i].parent, placeIndex);
+    for (std::size_t i = 0; i < first; ++i) {  // links to children point to before `first`, so they stay
+        if (nodes_[i].parent >= placeIndex) ++nodes_[i].parent;
     }
     nodes_[first].parent = placeIndex;
     nodes_[first + 1].parent = placeIndex;

@@ -20,8 +20,8 @@ void SingletonReference::withdraw(SingletonReference& singleton) noexcept {
 void SingletonCollector::destroyAll() {
     while (SingletonCollector* const collector = existing()) {
         SingletonReference* const newest = collector->entries_.back();
-        if (newest != collector) collector->entries_.pop_back();
-        newest->release();  // for the last entry, the collector itself, this ends the loop
+        collector->entries_.pop_back();
+        newest->release();  // of the last entry, the collector itself, ends the loop
     }
 }
 

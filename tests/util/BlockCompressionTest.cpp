@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+#include "util/HuffmanTree.h"
+
 namespace qvo::util {
 namespace {
 
@@ -182,6 +184,20 @@ TEST(BlockCompression, BlocksOfOthersAndHostileOnes) {
         EXPECT_LE(plain.capacity(), 8 * c.block.size()) << c.name;
         EXPECT_TRUE(isCompressed(c.block, false)) << c.name;
         EXPECT_EQ(isCompressed(c.block, true), c.ordered) << c.name;
+    }
+}
+
+TEST(HuffmanTree, LinksAgreeWhateverTheOrderOfTheLeaves) {
+    std::vector<HuffmanNode> leaves(7);
+    const std::int64_t weights[] = {5, 1, -3, 9, 0, 0, 2};
+    for (std::size_t i = 0; i < leaves.size(); ++i)
+        leaves[i].weight = weights[i];
+    const HuffmanTree tree(leaves);
+    ASSERT_EQ(tree.nodes().size(), 13u);
+    EXPECT_EQ(tree.nodes().back().weight, 14);
+    for (int i = 0; i < 12; ++i) {
+        const HuffmanNode& parent = tree.nodes().at(static_cast<std::size_t>(tree.nodes()[i].parent));
+        EXPECT_TRUE(parent.left == i || parent.right == i) << i;
     }
 }
 

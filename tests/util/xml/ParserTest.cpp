@@ -52,6 +52,7 @@ const ParseCase kParseCases[] = {
     {"Unclosed", "<a><b/>x", 3, "a(b 'x')"},
     {"UnclosedDeeper", "<a><b/><c><d/>", 3, "a(b)"},
     {"UnclosedBracket", "<a b='1' ", 3, "a{b=1}"},
+    {"UnclosedSlash", "<a/", 3, "a/"},
     {"SlashedEndTagIsAnEmptyElement", "<a></a/>", 3, "a(a)"},
     {"WrongEnd", "<a><b/></c>", 4, "a(b)"},
     {"WrongEndDeeper", "<a><b/><c><d/></a></c>", 4, "a(b)"},
