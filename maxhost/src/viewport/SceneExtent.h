@@ -1,0 +1,31 @@
+#pragma once
+
+#include <inode.h>
+
+#include <vector>
+
+namespace maxhost {
+
+/// How much room a scene takes at the moments that are shown.
+class SceneExtent {
+  public:
+    SceneExtent(const std::vector<INode*>& nodes, const std::vector<TimeValue>& times);
+
+    /// Everything that must be seen: nodes, the corners of what they show, and for what stands near the
+    /// ground the places below.
+    const std::vector<Point3>& points() const { return points_; }
+    /// Box of all that at all moments; empty when there is nothing.
+    const Box3& box() const { return box_; }
+    /// The longest side of the box of a single moment, system units; 1 when there is no such length.
+    double figure() const { return figure_ > 0 ? figure_ : 1; }
+
+  private:
+    std::vector<Point3> pointsAt(const std::vector<INode*>& nodes, TimeValue time) const;
+    void addMoment(std::vector<Point3> moment);
+
+    std::vector<Point3> points_;
+    Box3 box_;
+    double figure_ = 0;
+};
+
+}  // namespace maxhost
