@@ -1,6 +1,6 @@
 #pragma once
-// Numbers of the plug-in's dialogs, controls and stored files. Read by the resource script and by C++ sources; the
-// core and the host address some of them by number, so they never change.
+// Numbers of the plug-in's dialogs, controls and stored files. Read by the resource script and by C++
+// sources; the core and the host address some of them by number, so they never change.
 
 // Dialogs
 #define IDD_CONTROLLER_PAGE 145

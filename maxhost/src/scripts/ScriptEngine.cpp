@@ -51,7 +51,8 @@ bool ScriptEngine::run(const std::string& script) {
     std::string cause;
     try {
         tokens = readScriptTokens(script);
-        while (at < tokens.size()) runStatement();
+        while (at < tokens.size())
+            runStatement();
     } catch (const std::runtime_error& failure) {
         cause = failure.what();
     }
