@@ -4,6 +4,7 @@
 #include "box3.h"
 #include "coreexp.h"
 #include "maxtypes.h"
+#include "ray.h"
 
 typedef Point3 UVVert;
 
@@ -79,6 +80,15 @@ class CoreExport Mesh : public BaseInterfaceServer {
     UVVert& getTVert(int i) { return tVerts[i]; }
     void setTVert(int i, const UVVert& p) { tVerts[i] = p; }
     void setTVert(int i, float x, float y, float z) { tVerts[i] = UVVert(x, y, z); }
+
+    /// The nearest face that the ray meets at or in front of its origin, from either side: `at` in lengths of
+    /// the ray's direction, `norm` the unit normal of the face (counter-clockwise side). Computed in double
+    /// precision; a ray through an edge or vertex shared by faces never slips between them; of equally near
+    /// faces the first one. Faces without area and faces with bad indices are never hit. 0, and nothing
+    /// written, when there is no hit. Linear in the faces.
+    int IntersectRay(Ray& ray, float& at, Point3& norm);
+    /// Also gives the index of the face and the weights of its three vertices at the hit (their sum is 1).
+    int IntersectRay(Ray& ray, float& at, Point3& norm, DWORD& fi, Point3& bary);
 
     /// Of the vertices, transformed when `tm` is given. No vertices: an empty box.
     /// Simplified: computed at every call, so the cache calls below have nothing to do.
