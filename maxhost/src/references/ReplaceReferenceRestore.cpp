@@ -29,7 +29,9 @@ void ReplaceReferenceRestore::Redo() {
 }
 
 void ReplaceReferenceRestore::put(RefTargetHandle target) {
-    if (which_ >= maker_.NumRefs()) return;
+    // What was deleted for good meanwhile, outside of any hold, stays out of use.
+    if (maker_.TestAFlag(A_IS_DELETED) || which_ >= maker_.NumRefs()) return;
+    if (target != nullptr && target->TestAFlag(A_IS_DELETED)) target = nullptr;
     ReferenceAccess::assign(maker_, which_, maker_.GetReference(which_), target);
     ReferenceAccess::notifyReplaced(maker_, target);
 }
