@@ -30,18 +30,19 @@ void putGroup(const unsigned char* bytes, std::size_t count, char* characters) {
     characters[3] = count > 2 ? kAlphabet[b2 & 63] : '=';
 }
 
-/// Reads the bytes of the four characters at `group` into `bytes`; their number, or -1 on a wrong character.
-/// A "=" counts as padding from the end only as far as the group says, so "xx=x" looks "=" up and fails.
+/// Reads the four characters at `group` into the 3 bytes at `bytes`; how many count, or -1 on a wrong
+/// character. A "=" counts as padding from the end only as far as the group says, so "xx=x" looks "=" up and
+/// fails.
 int takeGroup(const char* group, unsigned char* bytes) {
     const int count = 3 - (group[3] == '=' ? 1 : 0) - (group[2] == '=' ? 1 : 0);
-    std::array<int, 4> sextets{};
-    for (int i = 0; i <= count; ++i) {
-        sextets[i] = indexOf(group[i]);
-        if (sextets[i] < 0) return -1;
-    }
-    bytes[0] = static_cast<unsigned char>(sextets[0] << 2 | sextets[1] >> 4);
-    bytes[1] = static_cast<unsigned char>((sextets[1] & 15) << 4 | sextets[2] >> 2);
-    bytes[2] = static_cast<unsigned char>((sextets[2] & 3) << 6 | sextets[3]);
+    const int s0 = indexOf(group[0]);
+    const int s1 = indexOf(group[1]);
+    const int s2 = count > 1 ? indexOf(group[2]) : 0;
+    const int s3 = count > 2 ? indexOf(group[3]) : 0;
+    if ((s0 | s1 | s2 | s3) < 0) return -1;
+    bytes[0] = static_cast<unsigned char>(s0 << 2 | s1 >> 4);
+    bytes[1] = static_cast<unsigned char>((s1 & 15) << 4 | s2 >> 2);
+    bytes[2] = static_cast<unsigned char>((s2 & 3) << 6 | s3);
     return count;
 }
 
@@ -59,15 +60,13 @@ std::string encode(const ByteBuffer& bytes) {
 ByteBuffer decode(const std::string& text) {
     if (text.size() % 4 != 0) return {};
     ByteBuffer bytes(text.size() / 4 * 3);
-    std::size_t filled = 0;
-    std::array<unsigned char, 3> group{};
+    unsigned char* out = bytes.data();
     for (std::size_t offset = 0; offset < text.size(); offset += 4) {
-        const int count = takeGroup(&text[offset], group.data());
+        const int count = takeGroup(&text[offset], out);  // writes 3 bytes, for which every group has room
         if (count < 0) return {};
-        std::copy_n(group.begin(), count, bytes.begin() + static_cast<std::ptrdiff_t>(filled));
-        filled += static_cast<std::size_t>(count);
+        out += count;
     }
-    bytes.resize(filled);
+    bytes.resize(static_cast<std::size_t>(out - bytes.data()));
     return bytes;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <limits>
 
 namespace qvo::util {
 namespace {
@@ -66,11 +67,11 @@ std::int32_t Log::write(const std::string& text, std::int32_t level) {
     return 0;
 }
 
-bool Log::isEnabled(std::int32_t level) const {
+std::int32_t Log::threshold() noexcept {
     try {
-        return (level < 0 ? level_ : level) <= instance().level_;
+        return instance().level_;
     } catch (...) {
-        return false;
+        return std::numeric_limits<std::int32_t>::min();
     }
 }
 

@@ -42,8 +42,11 @@ class Log : public Singleton<Log> {
     /// Writes one line unless `level` is above the threshold. Always 0.
     virtual std::int32_t write(const std::string& text, std::int32_t level);  // slot 3
 
-    /// True if a line at `level` would be written.
-    bool isEnabled(std::int32_t level) const;
+    /// The highest level that is written; below every level while there is no memory for the log.
+    static std::int32_t threshold() noexcept;
+
+    /// True if this object would write a line at `level`.
+    bool isEnabled(std::int32_t level) const { return (level < 0 ? level_ : level) <= threshold(); }
 
     /// Adds `text` as it stands to buffer and mirror file.
     static void append(const std::string& text);
@@ -95,6 +98,7 @@ void logLine(Log& log, std::int32_t level, const Parts&... parts) noexcept {
 /// The same on a channel of its own at the present depth, for a caller without one.
 template <class... Parts>
 void logLine(std::int32_t level, const Parts&... parts) noexcept {
+    if (level > Log::threshold()) return;
     Log channel(level);
     logLine(channel, level, parts...);
 }

@@ -2,7 +2,6 @@
 
 #include <fstream>
 #include <istream>
-#include <memory>
 #include <utility>
 
 #include "util/xml/CharacterReferences.h"
@@ -148,15 +147,18 @@ Element& Element::addTextTag(const std::string& name, const std::string& text) {
 }
 
 Element& Element::adoptChild(Element&& child) {
-    auto adopted = std::make_unique<Element>(std::move(child));
-    children.push_back(adopted.get());
-    return *adopted.release();  // deleted by destroyChildren or takeChild
+    return appendOwned(std::make_unique<Element>(std::move(child)));
 }
 
 Element Element::takeChild(std::size_t index) {
     const std::unique_ptr<Element> taken(children[index]);
     children.erase(children.begin() + static_cast<std::ptrdiff_t>(index));
     return std::move(*taken);
+}
+
+Element& Element::appendOwned(std::unique_ptr<Element> child) {
+    children.push_back(child.get());
+    return *child.release();  // deleted by destroyChildren or takeChild
 }
 
 void Element::copyInto(Element& target) const {
@@ -173,7 +175,7 @@ void Element::copyInto(Element& target) const {
         pair.to->kind = pair.from->kind;
         pair.to->children.reserve(pair.from->children.size());
         for (const Element* const child : pair.from->children) {
-            pending.push_back({child, &pair.to->adoptChild(Element())});
+            pending.push_back({child, &pair.to->appendOwned(std::make_unique<Element>())});
         }
     }
 }

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <iosfwd>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -101,6 +102,9 @@ class Element {
     Element(Kind elementKind, const std::string& elementValue);
 
   private:
+    friend class Parser;
+
+    Element& appendOwned(std::unique_ptr<Element> child);
     void copyInto(Element& target) const;
     void swap(Element& other) noexcept;
     void destroyChildren() noexcept;

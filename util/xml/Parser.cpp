@@ -84,18 +84,18 @@ int Parser::parseContent(Element& root) {
         if (token.kind == TokenKind::kEndTag) {
             if (unescaped(token.raw) != innermost(root).value) return Element::kWrongEndTag;
             if (open_.empty()) return Element::kParsed;
-            Element ended = std::move(open_.back());
+            std::unique_ptr<Element> ended = std::move(open_.back());
             open_.pop_back();
-            innermost(root).adoptChild(std::move(ended));
+            innermost(root).appendOwned(std::move(ended));
             continue;
         }
-        Element child;
-        const int result = fill(child, token);
+        auto child = std::make_unique<Element>();
+        const int result = fill(*child, token);
         if (result != Element::kParsed) return result;
         if (token.kind == TokenKind::kStartTag) {
             open_.push_back(std::move(child));
         } else {
-            innermost(root).adoptChild(std::move(child));
+            innermost(root).appendOwned(std::move(child));
         }
     }
     return Element::kUnclosed;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -21,10 +22,10 @@ class Parser {
 
   private:
     int parseContent(Element& root);
-    Element& innermost(Element& root) { return open_.empty() ? root : open_.back(); }
+    Element& innermost(Element& root) { return open_.empty() ? root : *open_.back(); }
 
     Tokeniser tokens_;
-    std::vector<Element> open_;  ///< started below the root and not ended, outermost first
+    std::vector<std::unique_ptr<Element>> open_;  ///< started below the root and not ended, outermost first
 };
 
 }  // namespace qvo::util::xml
