@@ -9,13 +9,13 @@ namespace {
 
 std::string hooks;
 
-class Part : public Composite_Dynamic<Part> {
+class Piece : public Composite_Dynamic<Piece> {
   public:
-    explicit Part(char partName) : name(partName) {}
+    explicit Piece(char pieceName) : name(pieceName) {}
     void operate() override {}
     void beforeAttach() override { hooks += getParent() ? "1!" : "1"; }
     void afterAttach() override { hooks += getParent() ? "2" : "2!"; }
-    void childAttached(Part* child, int index) override { hooks += {'5', child->name, char('0' + index)}; }
+    void childAttached(Piece* child, int index) override { hooks += {'5', child->name, char('0' + index)}; }
 
     const char name;
 };
@@ -29,19 +29,19 @@ class CompositeTest : public ::testing::Test {
         hooks.clear();
     }
 
-    static std::string names(const Part& part) {
+    static std::string names(const Piece& piece) {
         std::string result;
-        for (const Part* const child : part.getChildren())
+        for (const Piece* const child : piece.getChildren())
             result += child->name;
         return result;
     }
 
-    Part root{'r'}, other{'o'}, a{'a'}, b{'b'}, c{'c'}, d{'d'};
+    Piece root{'r'}, other{'o'}, a{'a'}, b{'b'}, c{'c'}, d{'d'};
 };
 
 TEST_F(CompositeTest, IndexIsClampedAndCountsPlacesBeforeTheMove) {
     const struct {
-        Part* child;
+        Piece* child;
         int index;
         const char* after;
     } kSteps[] = {
@@ -63,7 +63,7 @@ TEST_F(CompositeTest, MoveLeavesTheFormerParent) {
 
 TEST_F(CompositeTest, ItselfAndAncestorsAreIgnored) {
     a.addChild(&d);
-    for (Part* const above : {&d, &a, &root})
+    for (Piece* const above : {&d, &a, &root})
         d.addChild(above);
     EXPECT_EQ(d.childCount(), 0);
     EXPECT_EQ(names(root), "abc");
