@@ -41,20 +41,20 @@ void Camera::frame(const std::vector<Point3>& points, double margin, double leas
     const double tangentY = (1 - 2 * margin) * height_ / (2 * focal_);
     eyeX_ = eyeY_ = eyeDistance_ = 0;
     Fit x, y;
-    double near = std::numeric_limits<double>::infinity(), far = -near;
+    double closest = std::numeric_limits<double>::infinity(), farthest = -closest;
     for (const Point3& point : points) {
         const ViewPoint p = toView(point);
         x.add(p.x, p.distance, tangentX);
         y.add(p.y, p.distance, tangentY);
-        near = std::min(near, p.distance);
-        far = std::max(far, p.distance);
+        closest = std::min(closest, p.distance);
+        farthest = std::max(farthest, p.distance);
     }
-    if (points.empty()) near = far = 0;
+    if (points.empty()) closest = farthest = 0;
     eyeX_ = points.empty() ? 0 : x.across();
     eyeY_ = points.empty() ? 0 : y.across();
     const double fitting = points.empty() ? 0 : std::min(x.along(tangentX), y.along(tangentY));
-    eyeDistance_ = std::min(fitting, near - leastDistance);
-    reach_ = (near + far) / 2 - eyeDistance_;
+    eyeDistance_ = std::min(fitting, closest - leastDistance);
+    reach_ = (closest + farthest) / 2 - eyeDistance_;
     nearest_ = reach_ * 1e-3;
 }
 

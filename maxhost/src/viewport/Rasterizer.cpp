@@ -69,8 +69,8 @@ void Rasterizer::triangle(const ScreenPoint (&corners)[3], const LinearColor (&c
                 shares[i] = static_cast<float>(share);
             }
             const LinearColor sum = colors[0] * shares[0] + colors[1] * shares[1] + colors[2] * shares[2];
-            const auto near = static_cast<float>(nearness);
-            if (near > 0) target_.put(x, y, near, sum * (1 / near), 1);
+            const auto closeness = static_cast<float>(nearness);
+            if (closeness > 0) target_.put(x, y, closeness, sum * (1 / closeness), 1);
         }
     });
 }
