@@ -86,5 +86,8 @@ class GraphicsWindow {
     /// `rgb` and `es` (colour and visibility per point) may be null.
     virtual void polyline(int ct, Point3* pts, Point3* rgb, int closed, int* es) = 0;
     virtual void triangle(Point3* pts, Point3* rgb) = 0;
+    /// The edges of a triangle in the line colour, culled as a filled one is. `es`: visibility of the edges
+    /// that start at each point, null for all visible.
+    virtual void triangleW(Point3* pts, int* es) { polyline(3, pts, nullptr, 1, es); }
     virtual void text(Point3* at, const TCHAR* s) = 0;
 };

@@ -6,7 +6,14 @@
 #include "maxtypes.h"
 #include "ray.h"
 
+class GraphicsWindow;
+class HitRegion;
+class Material;
+
 typedef Point3 UVVert;
+
+/// Which parts of a mesh are drawn. This host draws them all in any case.
+constexpr int COMP_ALL = 0x0f;
 
 /// Visibility bits of a face's edges: A is v0-v1, B v1-v2, C v2-v0.
 constexpr DWORD EDGE_A = 1;
@@ -89,6 +96,19 @@ class CoreExport Mesh : public BaseInterfaceServer {
     int IntersectRay(Ray& ray, float& at, Point3& norm);
     /// Also gives the index of the face and the weights of its three vertices at the hit (their sum is 1).
     int IntersectRay(Ray& ray, float& at, Point3& norm, DWORD& fi, Point3& bary);
+
+    /// Draws the faces under the window's present transform and modes: filled in the fill colour, or with
+    /// GW_WIREFRAME their visible edges (with GW_ALL_EDGES all) in the line colour. `ma` may be null: the
+    /// window's present colours are used; else it has `numMat` materials and a face is filled with that of
+    /// its material id (modulo `numMat`). Faces with bad indices are left out. Simplified: `rp`, `compFlags`
+    /// and `pi` have no effect; every face is flat, whatever its smoothing groups.
+    void render(GraphicsWindow* gw, Material* ma, RECT* rp, int compFlags, int numMat = 1,
+                InterfaceServer* pi = nullptr);
+    /// Whether the region hits what `render` would draw under the window's present transform and modes. A
+    /// rectangle or circle without `crossing` must hold the whole mesh, the sides and edges that are not
+    /// drawn included. The window's modes are left as they were; GW_PICK need not be among them.
+    /// `abortOnHit`: the first face that is hit ends the search.
+    BOOL select(GraphicsWindow* gw, Material* ma, HitRegion* hr, int abortOnHit = FALSE, int numMat = 1);
 
     /// Of the vertices, transformed when `tm` is given. No vertices: an empty box.
     /// Simplified: computed at every call, so the cache calls below have nothing to do.

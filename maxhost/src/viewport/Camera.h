@@ -17,7 +17,7 @@ struct ScreenPoint {
 };
 
 /// A perspective eye in the world (Z up), looking at a picture of a given size.
-class Camera {
+class CoreExport Camera {
   public:
     /// Where the eye looks from, in degrees: `azimuth` counter-clockwise from the world's -Y axis as seen
     /// from above, `elevation` above the ground. `fieldOfView` spans the picture's width.

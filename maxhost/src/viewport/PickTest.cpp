@@ -18,6 +18,7 @@ double side(const ScreenPoint& a, const ScreenPoint& b, double x, double y) {
 }
 
 bool holds(const ScreenPoint (&p)[3], double x, double y) {
+    if (side(p[0], p[1], p[2].x, p[2].y) == 0) return false;  // without an inside
     const double s0 = side(p[0], p[1], x, y), s1 = side(p[1], p[2], x, y), s2 = side(p[2], p[0], x, y);
     return (s0 >= 0 && s1 >= 0 && s2 >= 0) || (s0 <= 0 && s1 <= 0 && s2 <= 0);
 }

@@ -10,7 +10,7 @@ namespace maxhost {
 
 /// Colour and nearness of a grid of samples, `perPixel` times `perPixel` to a pixel.
 /// Nearness is 1 / distance from the eye; 0 is infinitely far.
-class SampleBuffer {
+class CoreExport SampleBuffer {
   public:
     SampleBuffer(int pixelWidth, int pixelHeight, int perPixel, const LinearColor& background);
 

@@ -7,7 +7,7 @@
 namespace maxhost {
 
 /// The view that objects are handed when they are drawn or picked.
-class SoftwareView : public ViewExp {
+class CoreExport SoftwareView : public ViewExp {
   public:
     explicit SoftwareView(WorldPainter& painter) : camera_(painter.camera()), window_(painter) {}
 

@@ -50,15 +50,28 @@ void SoftwareWindow::segment(const Point3& a, const Point3& b, const LinearColor
 
 void SoftwareWindow::triangle(Point3* pts, Point3* rgb) {
     const Point3 world[3] = {pts[0] * toWorld_, pts[1] * toWorld_, pts[2] * toWorld_};
-    if ((limits_ & GW_BACKCULL) != 0 && (limits_ & GW_TWO_SIDED) == 0 && facesAway(world)) return;
+    if (isCulled(world)) return;
     if ((limits_ & GW_WIREFRAME) != 0) {
-        for (int i = 0; i < 3; ++i)
-            segment(world[i], world[(i + 1) % 3], LinearColor(line_));
+        outline(world, nullptr);
     } else if (picking()) {
         pickTriangle(world);
     } else {
         fillTriangle(world, rgb);
     }
+}
+
+void SoftwareWindow::triangleW(Point3* pts, int* es) {
+    const Point3 world[3] = {pts[0] * toWorld_, pts[1] * toWorld_, pts[2] * toWorld_};
+    if (!isCulled(world)) outline(world, es);
+}
+
+void SoftwareWindow::outline(const Point3 (&world)[3], const int* es) {
+    for (int i = 0; i < 3; ++i)
+        if (es == nullptr || es[i] != 0) segment(world[i], world[(i + 1) % 3], LinearColor(line_));
+}
+
+bool SoftwareWindow::isCulled(const Point3 (&world)[3]) const {
+    return (limits_ & GW_BACKCULL) != 0 && (limits_ & GW_TWO_SIDED) == 0 && facesAway(world);
 }
 
 bool SoftwareWindow::facesAway(const Point3 (&world)[3]) const {

@@ -9,10 +9,10 @@ namespace maxhost {
 
 /// The drawing surface that objects get: maps what they draw to the world and paints it, or, while GW_PICK is
 /// among the modes, tests it against the hit region. The mode is what the limits allow.
-class SoftwareWindow : public GraphicsWindow {
+class CoreExport SoftwareWindow : public GraphicsWindow {
   public:
-    static constexpr DWORD kDefaultLimits = GW_ILLUM | GW_FLAT | GW_SPECULAR | GW_Z_BUFFER |
-                                            GW_PERSP_CORRECT | GW_BACKCULL | GW_COLOR_VERTS | GW_SHADE_CVERTS;
+    static constexpr DWORD kDefaultLimits =
+        GW_ILLUM | GW_FLAT | GW_SPECULAR | GW_Z_BUFFER | GW_PERSP_CORRECT | GW_COLOR_VERTS | GW_SHADE_CVERTS;
 
     explicit SoftwareWindow(WorldPainter& painter) : painter_(painter) {}
 
@@ -29,6 +29,7 @@ class SoftwareWindow : public GraphicsWindow {
     BOOL checkHitCode() override { return hit_ ? TRUE : FALSE; }
     void polyline(int ct, Point3* pts, Point3* rgb, int closed, int* es) override;
     void triangle(Point3* pts, Point3* rgb) override;
+    void triangleW(Point3* pts, int* es) override;
     void text(Point3* at, const TCHAR* s) override;
 
   private:
@@ -36,6 +37,8 @@ class SoftwareWindow : public GraphicsWindow {
     void segment(const Point3& a, const Point3& b, const LinearColor& color);
     void pickTriangle(const Point3 (&world)[3]);
     void fillTriangle(const Point3 (&world)[3], const Point3* rgb);
+    void outline(const Point3 (&world)[3], const int* es);
+    bool isCulled(const Point3 (&world)[3]) const;
     bool facesAway(const Point3 (&world)[3]) const;
 
     WorldPainter& painter_;

@@ -5,7 +5,7 @@
 namespace maxhost {
 
 /// Draws in world space through a camera; cuts off what lies behind the eye.
-class WorldPainter {
+class CoreExport WorldPainter {
   public:
     WorldPainter(const Camera& camera, SampleBuffer& target) : camera_(camera), rasterizer_(target) {}
 
