@@ -129,7 +129,8 @@ RefTargetHandle CustomHelperObject::Clone(RemapDir& remap) {
 
 IOResult CustomHelperObject::Save(ISave* isave) {
     std::array<unsigned char, kFlagCount> switches{};
-    std::copy(flags_.begin(), flags_.end(), switches.begin());
+    for (std::size_t i = 0; i < switches.size(); ++i)
+        switches[i] = flags_[i] ? 1 : 0;
 
     const std::size_t faces = shape_.faces.size() / 3;
     IOResult result =
