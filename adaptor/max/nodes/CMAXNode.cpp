@@ -72,6 +72,7 @@ CMAXNode::~CMAXNode() {
             lent.wrapper = lent.current = nullptr;
             logLine(Log::kError, "Encountered still acquired snapshot");
         });
+        dissolveGeometrySnapshots();
     });
 }
 
@@ -141,8 +142,10 @@ void CMAXNode::deleteHostSide(bool deleteHostNode) {
         convertNodeScalars(*node);
         return;
     }
-    if (!MaxAdaptorInterface::instance().nodesBeingDeleted().contains(*node))
-        GetCOREInterface()->DeleteNode(node, TRUE, FALSE);
+    MaxAdaptorInterface& adaptor = MaxAdaptorInterface::instance();
+    if (adaptor.nodesBeingDeleted().contains(*node)) return;
+    adaptor.convertedObjects().remove(*node);
+    GetCOREInterface()->DeleteNode(node, TRUE, FALSE);
 }
 
 void CMAXNode::deleteNode(bool deleteHostNode) {

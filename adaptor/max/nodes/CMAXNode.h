@@ -106,6 +106,9 @@ class CMAXNode : public core::CoreNode {
     void renameUndoable(const std::string& newName);
     core::CoreNode* cloneUnder(core::CoreNode* parent);
 
+    /// Ends the pools of the other kinds of snapshot, as ~CMAXNode ends that of the transforms.
+    void dissolveGeometrySnapshots();
+
     /// The host's part of a deletion: the node itself, or only its hold by our controllers.
     void deleteHostSide(bool deleteHostNode);
 
@@ -115,6 +118,10 @@ class CMAXNode : public core::CoreNode {
     ULONG handle_;  ///< of node_
 
     SnapshotPool<CMAXSnapshot> snapshots_;
+    SnapshotPool<CMAXSnapshot_Helper> helperSnapshots_;
+    SnapshotPool<CMAXSnapshot_Lens> lensSnapshots_;
+    SnapshotPool<CMAXSnapshot_Mesh> meshSnapshots_;
+    SnapshotPool<CMAXSnapshot_Shape> shapeSnapshots_;
 
     std::vector<NodeInstanceRestoreObj*> records_;  ///< the undo records that hold this wrapper
 };

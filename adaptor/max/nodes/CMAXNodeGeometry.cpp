@@ -1,41 +1,111 @@
 #include "adaptor/max/nodes/CMAXNode.h"
+#include "adaptor/max/nodes/CMAXSnapshot_Helper.h"
+#include "adaptor/max/nodes/CMAXSnapshot_Lens.h"
+#include "adaptor/max/nodes/CMAXSnapshot_Mesh.h"
+#include "adaptor/max/nodes/CMAXSnapshot_Shape.h"
+#include "adaptor/max/nodes/HostTime.h"
+#include "adaptor/max/services/Boundary.h"
 #include "util/Log.h"
 
 /// Snapshots of what a node shows: helper, mesh, lens, shape.
 namespace qvo::zmx::adaptor::max {
 namespace {
 
-/// What the adaptor cannot do is answered with the operation's failure value and noted in the log.
-void noteUnavailable(const char* operation) {
-    util::logLine(util::Log::kWarning, "This version of the adaptor does not offer ", operation);
+bool isOfSuperClass(Object* object, SClass_ID superClass) {
+    return object && object->SuperClassID() == superClass;
+}
+
+/// Ends the lending of a snapshot, of whatever kind.
+template <class Own, class Lent>
+void giveBack(Lent* snapshot) {
+    if (snapshot) static_cast<Own*>(snapshot)->acquired = false;
 }
 
 }  // namespace
 
 core::CoreNode::Snapshot_Helper* CMAXNode::acquireHelperSnapshot() {
-    noteUnavailable("acquireHelperSnapshot");
-    return nullptr;
+    return guarded("acquireHelperSnapshot", static_cast<Snapshot_Helper*>(nullptr),
+                   [&]() -> Snapshot_Helper* {
+                       INode* const node = hostNode();
+                       Object* const object = node ? node->GetObjectRef() : nullptr;
+                       if (!object || isOfSuperClass(object, CAMERA_CLASS_ID)) return nullptr;
+                       CMAXSnapshot_Helper& snapshot =
+                           helperSnapshots_.acquire([&] { return new CMAXSnapshot_Helper(*this); });
+                       snapshot.object = object;
+                       snapshot.node = node;
+                       return &snapshot;
+                   });
 }
 
-core::CoreNode::Snapshot_Mesh* CMAXNode::acquireMeshSnapshot(double) {
-    noteUnavailable("acquireMeshSnapshot");
-    return nullptr;
+core::CoreNode::Snapshot_Mesh* CMAXNode::acquireMeshSnapshot(double seconds) {
+    return guarded("acquireMeshSnapshot", static_cast<Snapshot_Mesh*>(nullptr), [&]() -> Snapshot_Mesh* {
+        INode* const node = hostNode();
+        Object* const object = node ? node->GetObjectRef() : nullptr;
+        if (!object || isOfSuperClass(object, CAMERA_CLASS_ID)) return nullptr;
+        CMAXSnapshot_Mesh& snapshot = meshSnapshots_.acquire([&] { return new CMAXSnapshot_Mesh(*this); });
+        snapshot.acquired = false;  // lent only once it is evaluated
+        snapshot.evaluate(*node, ticksFromSeconds(seconds));
+        snapshot.acquired = true;
+        return &snapshot;
+    });
 }
 
-core::CoreNode::Snapshot_Lens* CMAXNode::acquireLensSnapshot(double) {
-    noteUnavailable("acquireLensSnapshot");
-    return nullptr;
+core::CoreNode::Snapshot_Lens* CMAXNode::acquireLensSnapshot(double seconds) {
+    return guarded("acquireLensSnapshot", static_cast<Snapshot_Lens*>(nullptr), [&]() -> Snapshot_Lens* {
+        INode* const node = hostNode();
+        Object* const object = node ? node->GetObjectRef() : nullptr;
+        if (!isOfSuperClass(object, CAMERA_CLASS_ID)) return nullptr;
+        CMAXSnapshot_Lens& snapshot = lensSnapshots_.acquire([&] { return new CMAXSnapshot_Lens(*this); });
+        snapshot.object = static_cast<GenCamera*>(object);
+        snapshot.time = seconds;
+        snapshot.ticks = ticksFromSeconds(seconds);
+        return &snapshot;
+    });
 }
 
-core::CoreNode::Snapshot_Shape* CMAXNode::acquireShapeSnapshot(double) {
-    noteUnavailable("acquireShapeSnapshot");
-    return nullptr;
+core::CoreNode::Snapshot_Shape* CMAXNode::acquireShapeSnapshot(double seconds) {
+    return guarded("acquireShapeSnapshot", static_cast<Snapshot_Shape*>(nullptr), [&]() -> Snapshot_Shape* {
+        INode* const node = hostNode();
+        Object* const object = node ? node->GetObjectRef() : nullptr;
+        if (!isOfSuperClass(object, SHAPE_CLASS_ID)) return nullptr;
+        CMAXSnapshot_Shape& snapshot = shapeSnapshots_.acquire([&] { return new CMAXSnapshot_Shape(*this); });
+        snapshot.object = static_cast<ShapeObject*>(object);
+        snapshot.time = seconds;
+        snapshot.ticks = ticksFromSeconds(seconds);
+        return &snapshot;
+    });
 }
 
-// Nothing was lent, so there is nothing to take back.
-void CMAXNode::releaseHelperSnapshot(Snapshot_Helper*) {}
-void CMAXNode::releaseMeshSnapshot(Snapshot_Mesh*) {}
-void CMAXNode::releaseLensSnapshot(Snapshot_Lens*) {}
-void CMAXNode::releaseShapeSnapshot(Snapshot_Shape*) {}
+void CMAXNode::releaseHelperSnapshot(Snapshot_Helper* snapshot) {
+    giveBack<CMAXSnapshot_Helper>(snapshot);
+}
+void CMAXNode::releaseMeshSnapshot(Snapshot_Mesh* snapshot) {
+    giveBack<CMAXSnapshot_Mesh>(snapshot);
+}
+void CMAXNode::releaseLensSnapshot(Snapshot_Lens* snapshot) {
+    giveBack<CMAXSnapshot_Lens>(snapshot);
+}
+void CMAXNode::releaseShapeSnapshot(Snapshot_Shape* snapshot) {
+    giveBack<CMAXSnapshot_Shape>(snapshot);
+}
+
+void CMAXNode::dissolveGeometrySnapshots() {
+    helperSnapshots_.dissolve([](CMAXSnapshot_Helper& lent) {
+        lent.wrapper = nullptr;
+        util::logLine(util::Log::kError, "Encountered still acquired helper snapshot");
+    });
+    meshSnapshots_.dissolve([](CMAXSnapshot_Mesh& lent) {
+        lent.wrapper = nullptr;
+        util::logLine(util::Log::kError, "Encountered still acquired mesh snapshot");
+    });
+    lensSnapshots_.dissolve([](CMAXSnapshot_Lens& lent) {
+        lent.wrapper = nullptr;
+        util::logLine(util::Log::kError, "Encountered still acquired lens snapshot");
+    });
+    shapeSnapshots_.dissolve([](CMAXSnapshot_Shape& lent) {
+        lent.wrapper = nullptr;
+        util::logLine(util::Log::kError, "Encountered still acquired shape snapshot");
+    });
+}
 
 }  // namespace qvo::zmx::adaptor::max

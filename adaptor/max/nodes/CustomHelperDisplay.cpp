@@ -65,15 +65,9 @@ void CustomHelperObject::drawShape(GraphicsWindow& window) {
     for (int i = 0; i < displayMesh_.getNumFaces(); ++i) {
         const Face& face = displayMesh_.faces[i];
         Point3 corners[3];
-        int visible[3];
-        for (int c = 0; c < 3; ++c) {
+        for (int c = 0; c < 3; ++c)
             corners[c] = displayMesh_.getVert(static_cast<int>(face.v[c]));
-            visible[c] = (face.flags >> c) & 1;
-        }
-        if (wireframe())
-            window.polyline(3, corners, colors, TRUE, visible);
-        else
-            window.triangle(corners, colors);
+        window.triangle(corners, colors);
     }
 }
 

@@ -223,13 +223,17 @@ void MaxAdaptorInterface::enableAccelerators() {
 
 int MaxAdaptorInterface::beginKeyBatch() {
     guarded("beginKeyBatch", [&] {
-        if (keyBatch_.begin()) addOwnUndoRecord(new CSetTimeRestoreObj(getTime()));
+        if (!keyBatch_.begin()) return;
+        addOwnUndoRecord(new CSetTimeRestoreObj(getTime()));
+        convertedObjects_.clear();
     });
     return 0;
 }
 
 int MaxAdaptorInterface::endKeyBatch() {
-    guarded("endKeyBatch", [&] { keyBatch_.end(); });
+    guarded("endKeyBatch", [&] {
+        if (keyBatch_.end()) convertedObjects_.clear();
+    });
     return 0;
 }
 

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "adaptor/max/Host.h"
+#include "adaptor/max/nodes/ConvertedObjects.h"
 #include "adaptor/max/nodes/DeletionTable.h"
 #include "adaptor/max/nodes/NodeRegistry.h"
 #include "adaptor/max/services/FrameGrid.h"
@@ -78,6 +79,9 @@ class MaxAdaptorInterface : public core::AdaptorInterface,
     /// The host nodes that the host is deleting at the moment.
     const DeletionTable& nodesBeingDeleted() const { return nodesBeingDeleted_; }
 
+    /// Triangle objects made from other objects, for the length of a key batch.
+    ConvertedObjects& convertedObjects() { return convertedObjects_; }
+
     /// As addUndoRecord, for the adaptor's own records: they stay when the core goes.
     int addOwnUndoRecord(CUndo* record);
 
@@ -112,6 +116,7 @@ class MaxAdaptorInterface : public core::AdaptorInterface,
 
     NodeRegistry nodes_;
     DeletionTable nodesBeingDeleted_;
+    ConvertedObjects convertedObjects_;
     UndoGroups undoGroups_;
     KeyBatch keyBatch_;
     FrameGrid frameGrid_;

@@ -21,6 +21,7 @@ void MaxAdaptorInterface::letGoOfCore() {
     CUndoWrapper::releaseCoreRecords();
     nodes_.abandonAll();
     nodesBeingDeleted_.clear();
+    convertedObjects_.clear();
     gathering_.dropRecords();
     cutWires();
     SelectionBatch::close();
@@ -30,6 +31,7 @@ void MaxAdaptorInterface::letGoOfCore() {
 void MaxAdaptorInterface::sceneClosed() {
     nodes_.retireAll();
     nodesBeingDeleted_.clear();
+    convertedObjects_.clear();
     SelectionBatch::close();
 }
 
@@ -45,8 +47,11 @@ void MaxAdaptorInterface::nodesDeleted() {
     const bool hostHolds = theHold.Holding() != 0;
     if (hostHolds) undoGroups_.begin("Delete");
     const std::vector<ULONG> handles = nodesBeingDeleted_.handles();
-    for (auto handle = handles.rbegin(); handle != handles.rend(); ++handle)
+    for (auto handle = handles.rbegin(); handle != handles.rend(); ++handle) {
+        if (INode* const node = GetCOREInterface()->GetINodeByHandle(*handle))
+            convertedObjects_.remove(*node);
         if (CMAXNode* const wrapper = nodes_.findByHandle(*handle)) takeOut(*wrapper);
+    }
     if (hostHolds) undoGroups_.end();
 }
 

@@ -1,19 +1,16 @@
+#include "adaptor/max/nodes/CMAXNode.h"
 #include "adaptor/max/plugin/UtilityManager.h"
 #include "adaptor/max/services/AdaptorOptions.h"
 #include "adaptor/max/services/Boundary.h"
 #include "adaptor/max/services/MaxAdaptorInterface.h"
+#include "adaptor/max/services/NodeCreation.h"
 #include "adaptor/max/services/NodeLookup.h"
 #include "adaptor/max/services/NodeTagging.h"
-#include "util/Log.h"
+#include "adaptor/max/services/SceneMerge.h"
 
 /// The operations on meshes, tags, other scene files and options.
 namespace qvo::zmx::adaptor::max {
 namespace {
-
-/// What the adaptor cannot do is answered with the operation's failure value and noted in the log.
-void noteUnavailable(const char* operation) {
-    util::logLine(util::Log::kWarning, "This version of the adaptor does not offer ", operation);
-}
 
 /// Hands new views to the core's sink; they are destroyed when it does not take them.
 void deliver(const std::vector<core::CoreNode*>& views, core::AdaptorInterface::NodeList& result) {
@@ -28,10 +25,12 @@ void deliver(const std::vector<core::CoreNode*>& views, core::AdaptorInterface::
 
 }  // namespace
 
-core::CoreNode* MaxAdaptorInterface::createMeshNode(core::Owner*, const std::string&, core::CoreNode*,
-                                                    const util::CMesh&, NodeListener*) {
-    noteUnavailable("createMeshNode");
-    return nullptr;
+core::CoreNode* MaxAdaptorInterface::createMeshNode(core::Owner* owner, const std::string& name,
+                                                    core::CoreNode* parent, const util::CMesh& mesh,
+                                                    NodeListener* listener) {
+    return guarded("createMeshNode", static_cast<core::CoreNode*>(nullptr), [&]() -> core::CoreNode* {
+        return createMesh({owner, name, static_cast<CMAXNode*>(parent), listener}, mesh);
+    });
 }
 
 void MaxAdaptorInterface::tagOwnedNodes(core::Owner* owner) {
@@ -51,9 +50,8 @@ void MaxAdaptorInterface::lookupNode(const std::string& ownerName, const util::x
     guarded("lookupNode", [&] { deliver(lookUpNodes(ownerName, request, gathering_.records()), result); });
 }
 
-void MaxAdaptorInterface::mergeFile(const std::string&, NodeList& result) {
-    noteUnavailable("mergeFile");
-    guarded("mergeFile", [&] { result.set({}); });
+void MaxAdaptorInterface::mergeFile(const std::string& path, NodeList& result) {
+    guarded("mergeFile", [&] { deliver(mergeScene(path, *this), result); });
 }
 
 void MaxAdaptorInterface::bindAdaptorOptions(core::OptionGroup* options) {

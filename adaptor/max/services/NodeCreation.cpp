@@ -1,19 +1,31 @@
 #include "adaptor/max/services/NodeCreation.h"
 
-#include <memory>
+#include <string>
+#include <utility>
 
 #include "adaptor/max/controllers/Conversion.h"
 #include "adaptor/max/nodes/CMAXNode.h"
+#include "adaptor/max/nodes/CMAXSnapshot_Mesh.h"
 #include "adaptor/max/nodes/CustomHelperObject.h"
 #include "adaptor/max/nodes/HostSpace.h"
+#include "adaptor/max/nodes/MeshTransfer.h"
 #include "adaptor/max/nodes/NodeInstanceRestoreObj.h"
 #include "adaptor/max/plugin/ClassIds.h"
 #include "adaptor/max/plugin/OptionStore.h"
 #include "adaptor/max/plugin/UtilityManager.h"
 #include "adaptor/max/services/MaxAdaptorInterface.h"
+#include "util/Log.h"
 
 namespace qvo::zmx::adaptor::max {
+
+using util::Log;
+using util::logLine;
+using util::logValue;
+
 namespace {
+
+/// Pure red.
+constexpr DWORD kMeshWireColor = 255;
 
 /// Half the width of a new helper's marker, in meters.
 constexpr double kMarkerRadius = 0.02;
@@ -27,25 +39,34 @@ util::CMesh defaultMarker() {
     return marker;
 }
 
-/// A scene node under construction: taken out of the scene again, together with its wrapper, unless it is
-/// kept.
+/// A scene node under construction, with its registered wrapper: both are taken back unless they are kept.
 class PendingNode {
   public:
-    explicit PendingNode(INode* node) : node_(node) {}
+    PendingNode(INode& node, const NodeRequest& request) : node_(&node) {
+        try {
+            wrapper_ = new CMAXNode(request.owner, request.name, request.parent, &node);  // the registry's
+        } catch (...) {
+            deleteNode();
+            throw;
+        }
+    }
     ~PendingNode() {
         if (wrapper_) wrapper_->destroy();
-        if (node_) GetCOREInterface()->DeleteNode(node_, FALSE, FALSE);
+        if (node_) deleteNode();
     }
     PendingNode(const PendingNode&) = delete;
     PendingNode& operator=(const PendingNode&) = delete;
 
-    void wrap(CMAXNode* wrapper) { wrapper_ = wrapper; }
+    CMAXNode& wrapper() { return *wrapper_; }
+
     CMAXNode* keep() {
         node_ = nullptr;
         return std::exchange(wrapper_, nullptr);
     }
 
   private:
+    void deleteNode() { GetCOREInterface()->DeleteNode(node_, FALSE, FALSE); }
+
     INode* node_;
     CMAXNode* wrapper_ = nullptr;
 };
@@ -72,31 +93,56 @@ Object* createMarkerObject() {
     return helper;
 }
 
-/// The steps that every created node has in common, in this order.
-CMAXNode* adopt(INode* node, const std::string& hostName, const NodeRequest& request) {
-    if (!node) return nullptr;
-    PendingNode pending(node);
-    auto* const wrapper = new CMAXNode(request.owner, request.name, request.parent, node);  // the registry's
-    pending.wrap(wrapper);
-    wrapper->listener = request.listener;
-    if (UtilityManager::instance().options().value(kOptimizedControllerOption))
-        installTransformControl(*node);
-    renameHostNode(*node, hostName);
+void installController(INode& node) {
+    if (UtilityManager::instance().options().value(kOptimizedControllerOption)) installTransformControl(node);
+}
 
+/// From here on undo takes node and wrapper out together, and redo brings them back.
+void recordCreation(CMAXNode& wrapper) {
     MaxAdaptorInterface& adaptor = MaxAdaptorInterface::instance();
-    if (adaptor.isUndoRecording()) {
-        auto* const record = new NodeInstanceRestoreObj(*wrapper, false);  // addOwnUndoRecord takes it
-        record->restore(false);
-        adaptor.addOwnUndoRecord(record);
-    }
-    return pending.keep();
+    if (!adaptor.isUndoRecording()) return;
+    auto* const record = new NodeInstanceRestoreObj(wrapper, false);  // addOwnUndoRecord takes it
+    record->restore(false);
+    adaptor.addOwnUndoRecord(record);
 }
 
 }  // namespace
 
 CMAXNode* createHelper(const NodeRequest& request) {
     const std::string hostName = hostNameFor(request);
-    return adopt(createHostNode(createMarkerObject()), hostName, request);
+    INode* const node = createHostNode(createMarkerObject());
+    if (!node) return nullptr;
+    PendingNode pending(*node, request);
+    pending.wrapper().listener = request.listener;
+    installController(*node);
+    renameHostNode(*node, hostName);
+    recordCreation(pending.wrapper());
+    return pending.keep();
+}
+
+CMAXNode* createMesh(const NodeRequest& request, const util::CMesh& mesh) {
+    const std::string hostName = hostNameFor(request);
+    Log section("creating helper: " + request.name, Log::kNotice);
+    logValue(section, Log::kNotice, "parent", request.parent ? request.parent->getName() : "(NULL)");
+    TriObject* const object = CreateNewTriObject();
+    if (!object) {
+        logLine(section, Log::kNotice, "Unable to create 3ds max mesh object");
+        return nullptr;
+    }
+    INode* const node = createHostNode(object);
+    if (!node) {
+        logLine(section, Log::kNotice, "Error creating node reference");
+        return nullptr;
+    }
+    PendingNode pending(*node, request);
+    node->SetWireColor(kMeshWireColor);
+    CMAXNode::CMAXSnapshot_Mesh(pending.wrapper(), object).setMesh(mesh);
+    notifyMeshChanged(*object, object->GetMesh());
+    pending.wrapper().listener = request.listener;
+    installController(*node);
+    recordCreation(pending.wrapper());
+    renameHostNode(*node, hostName);
+    return pending.keep();
 }
 
 }  // namespace qvo::zmx::adaptor::max

@@ -4,6 +4,7 @@
 
 #include "core/NodeListener.h"
 #include "core/Owner.h"
+#include "util/CMesh.h"
 
 namespace qvo::zmx::adaptor::max {
 
@@ -21,5 +22,9 @@ struct NodeRequest {
 /// wrapper, or null with nothing left in the scene. While an undo group records, undo takes node and wrapper
 /// out together.
 CMAXNode* createHelper(const NodeRequest& request);
+
+/// Makes a node that shows `mesh` (object-local, host axes, system units), with a red wire colour. As
+/// createHelper.
+CMAXNode* createMesh(const NodeRequest& request, const util::CMesh& mesh);
 
 }  // namespace qvo::zmx::adaptor::max

@@ -1,0 +1,76 @@
+#include "adaptor/max/nodes/CMAXSnapshot_Helper.h"
+
+#include <cmath>
+#include <cstdint>
+
+#include "adaptor/max/nodes/CustomHelperObject.h"
+#include "adaptor/max/nodes/MeshTransfer.h"
+#include "adaptor/max/plugin/ClassIds.h"
+#include "adaptor/max/services/Boundary.h"
+#include "util/Log.h"
+
+namespace qvo::zmx::adaptor::max {
+namespace {
+
+constexpr double kInt64Limit = 9223372036854775808.0;
+
+DWORD packedComponent(float component) {
+    const double scaled = std::trunc(component * 255.0);
+    if (!(std::fabs(scaled) < kInt64Limit)) return 0;
+    return static_cast<DWORD>(static_cast<std::int64_t>(scaled) & 0xFF);
+}
+
+}  // namespace
+
+DWORD packedColor(float red, float green, float blue) {
+    return packedComponent(red) | packedComponent(green) << 8 | packedComponent(blue) << 16;
+}
+
+Object* CMAXNode::CMAXSnapshot_Helper::usableObject() const {
+    INode* const present = usableNode();
+    return present && present->GetObjectRef() == object ? object : nullptr;
+}
+
+CustomHelperObject* CMAXNode::CMAXSnapshot_Helper::customHelper() const {
+    Object* const present = usableObject();
+    return present && present->SuperClassID() == HELPER_CLASS_ID && present->ClassID() == kHelperClassId
+               ? static_cast<CustomHelperObject*>(present)
+               : nullptr;
+}
+
+void CMAXNode::CMAXSnapshot_Helper::setMesh(const util::CMesh& mesh) {
+    guarded("setMesh", [&] {
+        Object* const present = usableObject();
+        if (!present || present->SuperClassID() == CAMERA_CLASS_ID) return;
+        if (CustomHelperObject* const helper = customHelper()) {
+            helper->setShape(mesh);
+        } else if (present->ClassID() == Class_ID(TRIOBJ_CLASS_ID, 0)) {
+            Mesh& target = static_cast<TriObject*>(present)->GetMesh();
+            writeHostMesh(mesh, target);
+            notifyMeshChanged(*present, target);
+        } else {
+            util::logLine(util::Log::kWarning, "Node ", usableNode()->GetName(), " cannot show a shape");
+        }
+    });
+}
+
+void CMAXNode::CMAXSnapshot_Helper::setColor(float red, float green, float blue) {
+    guarded("setColor", [&] {
+        if (CustomHelperObject* const helper = customHelper()) helper->setColor(red, green, blue);
+        if (INode* const present = usableNode()) present->SetWireColor(packedColor(red, green, blue));
+    });
+}
+
+void CMAXNode::CMAXSnapshot_Helper::setWireframe(bool on) {
+    guarded("setWireframe", [&] {
+        if (CustomHelperObject* const helper = customHelper()) helper->setWireframe(on);
+    });
+}
+
+void CMAXNode::CMAXSnapshot_Helper::setBackfaceCulling(bool on) {
+    guarded("setBackfaceCulling", [&] {
+        if (CustomHelperObject* const helper = customHelper()) helper->setBackfaceCulling(on);
+    });
+}
+
+}  // namespace qvo::zmx::adaptor::max

@@ -1,0 +1,117 @@
+#include "adaptor/max/services/SceneMerge.h"
+
+#include <unordered_set>
+
+#include "adaptor/max/Host.h"
+#include "adaptor/max/nodes/CMAXNode.h"
+#include "util/Log.h"
+#include "util/xml/Tag.h"
+#include "util/xml/Text.h"
+
+namespace qvo::zmx::adaptor::max {
+
+using util::Log;
+using util::logLine;
+using util::logValue;
+
+namespace {
+
+/// The user's selection, remembered by handle: nodes may go while the merge runs.
+class SavedSelection {
+  public:
+    explicit SavedSelection(Log& log) {
+        logLine(log, Log::kNotice, "Gathering currently selected nodes");
+        Interface& host = *GetCOREInterface();
+        for (int i = 0; i < host.GetSelNodeCount(); ++i) {
+            INode* const node = host.GetSelNode(i);
+            handles_.push_back(node->GetHandle());
+            known_.insert(node->GetHandle());
+            logValue(log, Log::kNotice, "gathered node", node->GetName());
+        }
+    }
+
+    bool contains(INode& node) const { return known_.count(node.GetHandle()) != 0; }
+
+    void restore(Log& log) const {
+        logLine(log, Log::kNotice, "Resetting selection set to previous values");
+        Interface& host = *GetCOREInterface();
+        INodeTab nodes;
+        for (const ULONG handle : handles_)
+            if (INode* node = host.GetINodeByHandle(handle)) nodes.Append(1, &node);
+        host.ClearNodeSelection(FALSE);
+        host.SelectNodeTab(nodes, TRUE, TRUE);
+    }
+
+  private:
+    std::vector<ULONG> handles_;  ///< in order of selection
+    std::unordered_set<ULONG> known_;
+};
+
+/// True when the host merged the file.
+bool mergeIntoHost(const std::string& path, Log& log) {
+    logLine(log, Log::kNotice, "Merging file...");
+    try {
+        if (GetCOREInterface()->MergeFromFile(path.c_str(), TRUE, TRUE, TRUE, 0, nullptr, 0, 0)) return true;
+        logLine(log, Log::kWarning, "Merge failed. The scene could not be merged successfully");
+    } catch (...) {
+        logLine(log, Log::kWarning, "Merge failed, possible corrupt scene file: ", path);
+    }
+    return false;
+}
+
+/// A handle the way the core passes it: as decimal text in an element "max", and back.
+ULONG throughElement(ULONG handle) {
+    util::xml::Tag element("max");
+    element.addChild(util::xml::Text(std::to_string(handle)));
+    return static_cast<ULONG>(std::stoul(element.text()));
+}
+
+std::vector<core::CoreNode*> wrapMergedNodes(const SavedSelection& before, Log& log) {
+    logLine(log, Log::kNotice, "Gathering merged nodes");
+    Interface& host = *GetCOREInterface();
+    std::vector<core::CoreNode*> merged;
+    merged.reserve(static_cast<std::size_t>(host.GetSelNodeCount()));
+    for (int i = 0; i < host.GetSelNodeCount(); ++i) {
+        INode* const node = host.GetSelNode(i);
+        if (node->IsRootNode() || before.contains(*node)) continue;
+        logValue(log, Log::kNotice, "Adding node to list", node->GetName());
+        if (INode* const found = host.GetINodeByHandle(throughElement(node->GetHandle())))
+            merged.push_back(new CMAXNode(nullptr, found));  // the caller's
+    }
+    return merged;
+}
+
+/// Lets an open undo group rest while the host merges.
+class RestingHold {
+  public:
+    explicit RestingHold(core::AdaptorInterface& adaptor) : adaptor_(adaptor) {
+        char name[] = "tmp";
+        if (adaptor_.isUndoRecording() && theHold.Holding()) theHold.Accept(name);
+    }
+    ~RestingHold() {
+        if (adaptor_.isUndoRecording() && !theHold.Holding()) theHold.Begin();
+    }
+    RestingHold(const RestingHold&) = delete;
+    RestingHold& operator=(const RestingHold&) = delete;
+
+  private:
+    core::AdaptorInterface& adaptor_;
+};
+
+}  // namespace
+
+std::vector<core::CoreNode*> mergeScene(const std::string& path, core::AdaptorInterface& adaptor) {
+    Log log("Merging models from file", Log::kNotice);
+    logValue(log, Log::kNotice, "Merge file", path);
+    const RestingHold resting(adaptor);
+    const SavedSelection before(log);
+    logLine(log, Log::kNotice, "Clearing node selection");
+    GetCOREInterface()->ClearNodeSelection(FALSE);
+
+    std::vector<core::CoreNode*> merged;
+    if (mergeIntoHost(path, log)) merged = wrapMergedNodes(before, log);
+    before.restore(log);
+    return merged;
+}
+
+}  // namespace qvo::zmx::adaptor::max
