@@ -9,7 +9,8 @@ template <class T>
 BOOL resizeArray(T*& array, int& oldCount, int count, int kept) {
     if (count < 0) return FALSE;
     T* fresh = count == 0 ? nullptr : new T[static_cast<size_t>(count)];
-    std::copy_n(array, std::min({kept, oldCount, count}), fresh);
+    for (int i = std::min({kept, oldCount, count}); i-- > 0;)
+        fresh[i] = array[i];
     delete[] array;
     array = fresh;
     oldCount = count;
