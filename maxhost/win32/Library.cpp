@@ -44,6 +44,20 @@ HMODULE WINAPI GetModuleHandleA(LPCSTR path) {
     return found;
 }
 
+BOOL WINAPI GetModuleHandleExA(DWORD flags, LPCSTR address, PHMODULE module) {
+    if (module == nullptr || (flags & GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS) == 0) {
+        setLastError(ERROR_INVALID_PARAMETER, "modules are found here by address only");
+        return FALSE;
+    }
+    *module = ModuleTable::instance().findByAddress(address);
+    if (*module == nullptr) {
+        setLastError(ERROR_MOD_NOT_FOUND, "no library loaded here holds this address");
+        return FALSE;
+    }
+    if ((flags & GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT) == 0) ++(*module)->references;
+    return TRUE;
+}
+
 DWORD WINAPI GetModuleFileNameA(HMODULE module, LPSTR path, DWORD size) {
     const HMODULE known = ModuleTable::instance().find(module);
     if (known == nullptr || path == nullptr || size == 0) {

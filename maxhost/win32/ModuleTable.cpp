@@ -65,6 +65,13 @@ bool callEntryPoint(HMODULE module, DWORD reason) {
     return entry == nullptr || entry(module, reason, nullptr) != FALSE;
 }
 
+/// The image that `address` lies in, null when it lies in none.
+link_map* ownerOf(const void* address) {
+    Dl_info info;
+    link_map* owner = nullptr;
+    return dladdr1(address, &info, reinterpret_cast<void**>(&owner), RTLD_DL_LINKMAP) == 0 ? nullptr : owner;
+}
+
 }  // namespace
 
 /// Lives as long as the process: static objects of libraries may free other libraries until the very end.
@@ -152,16 +159,22 @@ HMODULE ModuleTable::findByName(const std::string& name) const {
     return nullptr;
 }
 
+HMODULE ModuleTable::findByAddress(const void* address) {
+    const link_map* const owner = ownerOf(address);
+    if (owner == nullptr) return nullptr;
+    if (owner == programModule.map) return program();
+    const auto found = std::find_if(modules.begin(), modules.end(),
+                                    [owner](const auto& module) { return module->map == owner; });
+    return found == modules.end() ? nullptr : found->get();
+}
+
 }  // namespace maxhost::win32
 
 void* HINSTANCE__::symbol(const char* name) const {
     void* const address = dlsym(image, name);
     if (address == nullptr) return nullptr;
     // dlsym goes on in the libraries that this one needs; Windows does not.
-    Dl_info info;
-    link_map* owner = nullptr;
-    if (dladdr1(address, &info, reinterpret_cast<void**>(&owner), RTLD_DL_LINKMAP) == 0) return nullptr;
-    return owner == map ? address : nullptr;
+    return maxhost::win32::ownerOf(address) == map ? address : nullptr;
 }
 
 const Win32ResourceTable* HINSTANCE__::resources() const {

@@ -47,6 +47,9 @@ class ModuleTable {
     /// The loaded library with this file name, else null.
     HMODULE findByName(const std::string& name) const;
 
+    /// The library or program that code or data at `address` belongs to, else null.
+    HMODULE findByAddress(const void* address);
+
     HMODULE program() { return &programModule; }
 
     /// Folder searched for libraries and their dependencies; empty for none.

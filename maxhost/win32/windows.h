@@ -47,6 +47,7 @@ typedef DWORD COLORREF;  // 0x00BBGGRR
 
 typedef struct HINSTANCE__* HINSTANCE;
 typedef HINSTANCE HMODULE;
+typedef HMODULE* PHMODULE;
 typedef struct HWND__* HWND;
 typedef struct HMENU__* HMENU;
 typedef struct HICON__* HICON;
@@ -127,6 +128,9 @@ static_assert(sizeof(LPARAM) == sizeof(void*), "pointers travel in messages");
 #define ERROR_RESOURCE_DATA_NOT_FOUND 1812
 #define ERROR_RESOURCE_TYPE_NOT_FOUND 1813
 #define ERROR_RESOURCE_NAME_NOT_FOUND 1814
+
+#define GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT 0x00000002
+#define GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS 0x00000004
 
 #define DLL_PROCESS_DETACH 0
 #define DLL_PROCESS_ATTACH 1
@@ -215,6 +219,8 @@ BOOL WINAPI FreeLibrary(HMODULE module);
 FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name);
 BOOL WINAPI SetDllDirectoryA(LPCSTR folder);
 HMODULE WINAPI GetModuleHandleA(LPCSTR path);
+/// By address only: the library loaded through LoadLibraryA, or the program, that `address` lies in.
+BOOL WINAPI GetModuleHandleExA(DWORD flags, LPCSTR address, PHMODULE module);
 DWORD WINAPI GetModuleFileNameA(HMODULE module, LPSTR path, DWORD size);
 
 // Errors
