@@ -60,13 +60,13 @@ TEST(MeshDrawing, ModesDecideWhatIsSeen) {
 
 TEST(MeshDrawing, NearerMeshHidesFartherOneDrawnLater) {
     ViewRig rig(kSquare);
-    Mesh near, far;
-    square(near, 0);
-    square(far, 3, 4);
+    Mesh front, back;
+    square(front, 0);
+    square(back, 3, 4);
     rig.window().setColor(FILL_COLOR, 1, 0, 0);
-    near.render(&rig.window(), nullptr, nullptr, COMP_ALL);
+    front.render(&rig.window(), nullptr, nullptr, COMP_ALL);
     rig.window().setColor(FILL_COLOR, 0, 0, 1);
-    far.render(&rig.window(), nullptr, nullptr, COMP_ALL);
+    back.render(&rig.window(), nullptr, nullptr, COMP_ALL);
     EXPECT_EQ(rig.colorAt(kInFace), "r");
     EXPECT_EQ(rig.colorAt(Point3(12, 3, 12)), "b");
 }

@@ -4,6 +4,7 @@
 #include "maxhost/src/controllers/BuiltinControllers.h"
 #include "maxhost/src/host/HostInterface.h"
 #include "maxhost/src/host/Notifications.h"
+#include "maxhost/src/objects/BuiltinObjects.h"
 #include "maxhost/src/scene/Timing.h"
 #include "maxhost/src/scene/Units.h"
 #include "maxhost/src/undo/Faults.h"
@@ -23,6 +24,8 @@ Host::Host() : scene_(std::make_unique<Scene>()), interface_(std::make_unique<Ho
     scriptCommands_ = std::make_unique<PanelScriptCommands>(*panel_, classes_);
     scripts_ = std::make_unique<ScriptEngine>(*scriptCommands_);
     for (ClassDesc* descriptor : builtinControllerClasses())
+        classes_.add(descriptor);
+    for (ClassDesc* descriptor : builtinObjectClasses())
         classes_.add(descriptor);
 }
 

@@ -1,6 +1,7 @@
 #include <gfx.h>
 
 #include "maxhost/src/objects/FaceCheck.h"
+#include "maxhost/src/objects/HitTally.h"
 
 namespace {
 
@@ -55,21 +56,6 @@ class MaterialSwitch {
     int current_ = -1;
 };
 
-/// Gives a window's modes back at the end.
-class ModesKeeper {
-  public:
-    explicit ModesKeeper(GraphicsWindow& window) : window_(window), limits_(window.getRndLimits()) {}
-    ~ModesKeeper() { window_.setRndLimits(limits_); }
-    ModesKeeper(const ModesKeeper&) = delete;
-    ModesKeeper& operator=(const ModesKeeper&) = delete;
-
-    DWORD limits() const { return limits_; }
-
-  private:
-    GraphicsWindow& window_;
-    const DWORD limits_;
-};
-
 }  // namespace
 
 void Mesh::render(GraphicsWindow* gw, Material* ma, RECT*, int, int numMat, InterfaceServer*) {
@@ -83,22 +69,11 @@ void Mesh::render(GraphicsWindow* gw, Material* ma, RECT*, int, int numMat, Inte
 }
 
 BOOL Mesh::select(GraphicsWindow* gw, Material*, HitRegion* hr, int abortOnHit, int) {
-    const bool wholly = hr->type != POINT_RGN && !hr->crossing;
-    const ModesKeeper modes(*gw);
-    // A mesh lies in a region with all of itself, so that culling and hidden edges do not matter then.
-    gw->setRndLimits((modes.limits() | GW_PICK) & ~(wholly ? GW_WIREFRAME | GW_BACKCULL : 0u));
-    gw->setHitRegion(hr);
-
+    maxhost::HitTally tally(*gw, *hr, abortOnHit != 0);
     FaceSender sender(*this, *gw);
-    bool any = false, all = true;
     for (int i = 0; i < numFaces; ++i) {
-        if (!maxhost::namesVertices(*this, faces[i])) continue;
-        gw->clearHitCode();
-        sender.send(faces[i]);
-        const bool hit = gw->checkHitCode() != FALSE;
-        any = any || hit;
-        all = all && hit;
-        if (wholly ? !all : (any && abortOnHit)) break;
+        const Face& face = faces[i];
+        if (maxhost::namesVertices(*this, face) && !tally.add([&] { sender.send(face); })) break;
     }
-    return any && (all || !wholly) ? TRUE : FALSE;
+    return tally.hit() ? TRUE : FALSE;
 }
