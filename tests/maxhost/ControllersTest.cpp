@@ -3,6 +3,8 @@
 #include <random>
 
 #include "maxhost/src/controllers/BuiltinControllers.h"
+#include "maxhost/src/files/ChunkReader.h"
+#include "maxhost/src/files/ChunkWriter.h"
 #include "tests/maxhost/HostFixture.h"
 #include "tests/maxhost/TestTarget.h"
 
@@ -169,7 +171,58 @@ TEST_F(ControllersTest, AHoldRecordsAllEditsOnce) {
     EXPECT_EQ(keysOf(number), after);
     undo.undo();
     EXPECT_EQ(keysOf(number), before);
+
+    // With a copy of the table for each key this would take gigabytes.
+    theHold.Begin();
+    for (TimeValue t = 1; t <= 50000; ++t)
+        key(t, 1);
+    accept();
+    undo.undo();
+    EXPECT_EQ(keysOf(number), before);
     listener.DeleteMe();
+}
+
+Bytes saved(Control* control) {
+    ChunkWriter writer;
+    EXPECT_EQ(control->Save(&writer), IO_OK);
+    return writer.take();
+}
+
+void load(Control* control, const Bytes& chunks) {
+    ChunkReader reader(ByteSpan{chunks.data(), chunks.size()}, nullptr);
+    EXPECT_EQ(control->Load(&reader), IO_OK);
+}
+
+TEST_F(ControllersTest, SavedControllersComeBackByteForByte) {
+    AnimateOn();
+    for (int i = 0; i < 3000; ++i)
+        place(transform, i * 7, TransMatrix(Point3(0.1f * static_cast<float>(i), 0.0f, 0.0f)));
+    Control* const fresh = NewDefaultMatrix3Controller();
+    for (int i = 0; i < 3; ++i) {
+        auto* const part = static_cast<Control*>(fresh->SubAnim(i));
+        const Bytes bytes = saved(static_cast<Control*>(transform->SubAnim(i)));
+        load(part, bytes);
+        EXPECT_EQ(part->NumKeys(), 3000);
+        EXPECT_EQ(saved(part), bytes);
+    }
+    EXPECT_TRUE(worldOf(fresh, 1234) == worldOf(transform, 1234));
+    fresh->DeleteMe();
+}
+
+TEST_F(ControllersTest, DamagedKeysAreDropped) {
+    const struct {
+        TimeValue time;
+        float value;
+    } keys[] = {{0, 1},  {100, 2}, {50, 3}, {100, 4}, {200, std::numeric_limits<float>::quiet_NaN()},
+                {300, 5}};
+    ChunkWriter writer;
+    writer.writeData(0x0999, keys, 3);
+    writer.writeData(0x0101, keys, sizeof(keys) - 1);
+    writer.writeData(0x0100, keys, 2);
+    ChunkReader reader(ByteSpan{writer.bytes().data(), writer.bytes().size()}, nullptr);
+    EXPECT_EQ(number->Load(&reader), IO_ERROR) << "a constant of two bytes";
+    const std::map<TimeValue, float> wanted = {{0, 1.0f}, {100, 2.0f}};
+    EXPECT_EQ(keysOf(number), wanted);
 }
 
 struct Cut {
