@@ -84,6 +84,8 @@ class CoreExport HeadlessHost {
     /// The control itself, null when no page has it.
     HWND control(int controlId) const;
     bool runScript(const std::string& script);
+    /// Makes scripts find the plug-in class `className` under another name too.
+    void addScriptClassAlias(const std::string& alias, const std::string& className);
 
     // ---- looking ----
 

@@ -172,6 +172,10 @@ HWND HeadlessHost::control(int controlId) const {
     return page == nullptr ? nullptr : GetDlgItem(page, controlId);
 }
 
+void HeadlessHost::addScriptClassAlias(const std::string& alias, const std::string& className) {
+    host().scripts().addClassAlias(alias, className);
+}
+
 bool HeadlessHost::runScript(const std::string& script) {
     return host().runScript(script);
 }

@@ -32,6 +32,7 @@ class CoreExport Host final : public SceneObserver {
     ClassDirectory& classes() { return classes_; }
     GlobalUtilities& utilities() { return utilities_; }
     CommandPanel& panel() { return *panel_; }
+    ScriptEngine& scripts() { return *scripts_; }
     HostWindow& mainWindow() { return mainWindow_; }
     Redraw& redraw() { return redraw_; }
 
