@@ -23,6 +23,8 @@ namespace {
 /// A block of one symbol can claim any length; no core writes a state of this size.
 constexpr std::int32_t kMaxPayload = 256 << 20;
 
+constexpr char kStateTag[] = "ZMK_Plugin";
+
 const std::string& uniqueNameOf(const Element& state) {
     return state.textOf("name");
 }
@@ -40,6 +42,10 @@ bool isCompressed(const Element& state) {
            state.children.front()->kind == Element::kText;
 }
 
+bool isState(const Element& element) {
+    return element.kind == Element::kTag && element.value == kStateTag;
+}
+
 /// The state that a compressed one holds, or why there is none.
 struct Unpacked {
     std::optional<Element> state;
@@ -55,6 +61,7 @@ Unpacked unpacked(const Element& compressed) {
     Element state;
     if (state.parse(std::string(bytes.begin(), bytes.end())) != Element::kParsed)
         return {std::nullopt, "is not XML"};
+    if (!isState(state)) return {std::nullopt, "is no component's"};
     return {std::move(state)};
 }
 
@@ -65,7 +72,7 @@ void MasterNodes::takeFrom(Element& tag, const std::string& nodeName) {
         if (group->kind != Element::kTag || group->value != "masternodes") continue;
         for (Element* const masternode : group->children) {
             if (masternode->kind != Element::kTag || masternode->value != "masternode") continue;
-            Element* const state = masternode->findTag("ZMK_Plugin");
+            Element* const state = masternode->findTag(kStateTag);
             if (state)
                 masterNodes_.push_back({std::move(*state), masternode->textOf("parent"),
                                         childIndexFrom(masternode->textOf("childindex")), nodeName});
@@ -94,7 +101,15 @@ void MasterNodes::dropDuplicates() {
     std::unordered_set<std::string> met;
     const auto repeated = [&met](const MasterNode& masterNode) {
         const std::string& name = uniqueNameOf(masterNode.state);
-        return !name.empty() && !met.insert(name).second;
+        if (name.empty()) {
+            util::logLine(util::Log::kWarning, "A component of node ", masterNode.nodeName, " has no name");
+            return false;
+        }
+        const bool isRepeated = !met.insert(name).second;
+        if (isRepeated)
+            util::logLine(util::Log::kWarning, "Dropped a second component ", name, " of node ",
+                          masterNode.nodeName);
+        return isRepeated;
     };
     masterNodes_.erase(std::remove_if(masterNodes_.begin(), masterNodes_.end(), repeated),
                        masterNodes_.end());
@@ -119,7 +134,7 @@ Element MasterNodes::link() {
             util::logLine(util::Log::kWarning, "A component of node ", masterNode.nodeName,
                           " would be its own ancestor and stays at the top level");
     }
-    util::xml::Tag root("ZMK");
+    Element root = util::xml::Tag("ZMK");
     for (StateBuilder& builder : builders)
         if (!builder.getParent()) root.adoptChild(builder.renderAndEmpty());
     return root;

@@ -20,7 +20,7 @@ std::optional<std::string> readTagText(INode& node) {
 }
 
 util::xml::Element makeTag(const std::string& ownerName, const std::string& objectName) {
-    util::xml::Tag tag("ZMK_tag");
+    util::xml::Element tag = util::xml::Tag("ZMK_tag");
     tag.addTextTag("name", ownerName);
     tag.addTextTag("objectname", objectName);
     return tag;
