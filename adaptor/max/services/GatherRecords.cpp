@@ -7,15 +7,15 @@
 namespace qvo::zmx::adaptor::max {
 namespace {
 
-/// Tag texts hold no zero byte, so it can stand between the two names.
+/// Names may hold any byte, so the length of the first one tells them apart.
 std::string keyOf(const std::string& ownerName, const std::string& objectName) {
-    return ownerName + '\0' + objectName;
+    return std::to_string(ownerName.size()) + ' ' + ownerName + objectName;
 }
 
 }  // namespace
 
 void GatherRecords::add(INode& node, util::xml::Element&& tag) {
-    byName_[keyOf(ownerNameOf(tag), objectNameOf(tag))] = records_.size();
+    byName_[keyOf(ownerNameOf(tag), objectNameOf(tag))].push_back(records_.size());
     records_.push_back({node.GetHandle(), std::move(tag)});
 }
 
@@ -27,7 +27,11 @@ void GatherRecords::clear() {
 
 INode* GatherRecords::find(const std::string& ownerName, const std::string& objectName) const {
     const auto found = byName_.find(keyOf(ownerName, objectName));
-    return found == byName_.end() ? nullptr : records_[found->second].node();
+    if (found == byName_.end()) return nullptr;
+    const std::vector<std::size_t>& places = found->second;
+    for (auto place = places.rbegin(); place != places.rend(); ++place)
+        if (INode* const node = records_[*place].node()) return node;
+    return nullptr;
 }
 
 }  // namespace qvo::zmx::adaptor::max

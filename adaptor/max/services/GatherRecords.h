@@ -27,12 +27,13 @@ class GatherRecords {
 
     const std::vector<GatherRecord>& inOrder() const { return records_; }
 
-    /// The node of the last record whose tag names this owner and this object, or null.
+    /// The node of the last record whose tag names this owner and this object and whose node the host still
+    /// knows, or null.
     INode* find(const std::string& ownerName, const std::string& objectName) const;
 
   private:
     std::vector<GatherRecord> records_;
-    std::unordered_map<std::string, std::size_t> byName_;  ///< place of the last record of owner and object
+    std::unordered_map<std::string, std::vector<std::size_t>> byName_;  ///< places by owner and object
 };
 
 }  // namespace qvo::zmx::adaptor::max

@@ -28,16 +28,23 @@ void readTag(INode& node, MasterNodes& masterNodes, GatherRecords& records) {
     if (!empty) records.add(node, std::move(tag));
 }
 
-/// Marks a gathering as running, for its lifetime.
+/// One run: the flag is set, and the records are empty again on every way out.
 class Running {
   public:
-    explicit Running(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Running() { flag_ = false; }
+    Running(bool& flag, GatherRecords& records) : flag_(flag), records_(records) {
+        flag_ = true;
+        records_.clear();
+    }
+    ~Running() {
+        records_.clear();
+        flag_ = false;
+    }
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;
 
   private:
     bool& flag_;
+    GatherRecords& records_;
 };
 
 }  // namespace
@@ -47,15 +54,13 @@ void Gathering::run(core::CoreObject& core, const NodeRegistry& nodes) {
         logLine(Log::kWarning, "A gathering is running already");
         return;
     }
-    const Running running(running_);
-    records_.clear();
+    const Running running(running_, records_);
     MasterNodes masterNodes;
     forEachSceneNode([&](INode& node) { readTag(node, masterNodes, records_); });
     Element root = masterNodes.buildTree();
     guarded("CoreObject::loadState", [&] { core.loadState(root); });
     reportUnclaimed(nodes);
     wipeTags();
-    records_.clear();
 }
 
 void Gathering::reportUnclaimed(const NodeRegistry& nodes) const {

@@ -40,8 +40,8 @@ void findByTags(const std::string& ownerName, std::vector<Entry>& entries) {
     std::unordered_multimap<std::string, Entry*> open;
     for (Entry& entry : entries)
         if (!entry.node) open.emplace(nameOf(entry), &entry);
-    if (open.empty()) return;
     forEachSceneNode([&](INode& node) {
+        if (open.empty()) return;
         const auto text = readTagText(node);
         if (!text) return;
         const Element tag(*text);
@@ -56,7 +56,7 @@ void findByTags(const std::string& ownerName, std::vector<Entry>& entries) {
 /// The node whose handle is written in the "UID" child as a decimal number; never the root.
 INode* findByHandle(const Element& description) {
     const Element* const uid = description.findTag("UID");
-    if (!uid || uid->children.empty()) return nullptr;
+    if (!uid || uid->children.empty() || uid->children.front()->kind != Element::kText) return nullptr;
     const std::string& text = uid->children.front()->value;
     ULONG handle = 0;
     const char* const end = text.data() + text.size();
