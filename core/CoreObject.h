@@ -83,7 +83,7 @@ class CoreObject {
 
     virtual void reserved47() = 0;
 
-    /// The user changed an option; `value` points at the new value, a bool.
+    /// The user changed an option; `value` points at the new value: 32 bits, 0 or 1.
     virtual void optionChanged(unsigned int id, const void* value) = 0;  // slot 48
 
   protected:
