@@ -3,6 +3,7 @@
 #include <string>
 
 #include "adaptor/max/plugin/ClassIds.h"
+#include "adaptor/max/plugin/OlderSceneState.h"
 #include "adaptor/max/plugin/UtilityManager.h"
 #include "adaptor/max/services/Boundary.h"
 #include "util/Log.h"
@@ -54,13 +55,14 @@ IOResult loadStateChunk(UtilityManager& manager, ILoad& load) {
     return IO_OK;
 }
 
-/// Reads the chunk opened last.
-IOResult loadChunk(UtilityManager& manager, ILoad& load) {
+/// Reads the chunk opened last. States of older scenes are collected.
+IOResult loadChunk(UtilityManager& manager, ILoad& load, Element& olderStates) {
     switch (load.CurChunkID()) {
         case kStateChunk:
             return loadStateChunk(manager, load);
         case kOlderStateChunk:
-            util::logLine(Log::kWarning, "The scene holds state of an older version, which is skipped");
+            util::logLine(Log::kNotice, "The scene holds state of an older version");
+            olderStates.adoptChild(readOlderState(load));
             return IO_OK;
         default:
             return IO_OK;
@@ -87,7 +89,7 @@ IOResult saveSceneState(UtilityManager& manager, ISave& save) {
 IOResult loadSceneState(UtilityManager& manager, ILoad& load) {
     util::xml::Tag olderStates(kRootName);
     while (load.OpenChunk() == IO_OK) {
-        const IOResult result = loadChunk(manager, load);
+        const IOResult result = loadChunk(manager, load, olderStates);
         if (result != IO_OK) return result;
         load.CloseChunk();
     }

@@ -30,7 +30,7 @@ bool chunksAreWhole(ByteSpan chunks, ChunkDamage& damage);
 
 /// Reads chunks that one object or utility wrote, and nothing beyond them: whatever is left open or unread
 /// when the reader goes does no harm. Chunks inside one that holds data do not exist.
-class ChunkReader final : public ILoad {
+class CoreExport ChunkReader : public ILoad {
   public:
     /// chunks     kept by the caller
     /// callbacks  where callbacks for the end of the reading go; not owned

@@ -15,7 +15,7 @@ using TargetNumbers = std::unordered_map<const void*, int>;
 
 /// Writes chunks into memory; amortised constant cost for each byte. The first mistake of a caller (data
 /// beside chunks in one chunk, an end too many) makes every later operation fail.
-class ChunkWriter final : public ISave {
+class CoreExport ChunkWriter final : public ISave {
   public:
     ChunkWriter() = default;
     /// Begins behind bytes that are no chunks.
