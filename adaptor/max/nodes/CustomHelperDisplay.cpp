@@ -4,14 +4,13 @@
 #include <cmath>
 
 #include "adaptor/max/nodes/CustomHelperObject.h"
-#include "adaptor/max/nodes/HostSpace.h"
 
 namespace qvo::zmx::adaptor::max {
 
 namespace {
 
 constexpr int kPickTolerance = 4;       // pixels
-constexpr double kMarkerRadius = 0.02;  // meters, of the cross that stands for an empty shape
+constexpr float kMarkerRadius = 0.01f;  // object units, of the cross that stands for an empty shape
 constexpr float kAxisFactor = 1.5f;     // by which the pivot's axes stick out of the shape
 
 void drawLine(GraphicsWindow& window, const Point3& from, const Point3& to, const Point3& color) {
@@ -59,21 +58,17 @@ DWORD CustomHelperObject::renderLimits(DWORD viewLimits) const {
 
 void CustomHelperObject::drawShape(GraphicsWindow& window) {
     const Point3 color(color_[0], color_[1], color_[2]);
+    Material material;
+    material.Ka = color;
+    material.Kd = color;
+    window.setMaterial(material);
     window.setColor(LINE_COLOR, color);
-    window.setColor(FILL_COLOR, color);
-    Point3 colors[3] = {color, color, color};
-    for (int i = 0; i < displayMesh_.getNumFaces(); ++i) {
-        const Face& face = displayMesh_.faces[i];
-        Point3 corners[3];
-        for (int c = 0; c < 3; ++c)
-            corners[c] = displayMesh_.getVert(static_cast<int>(face.v[c]));
-        window.triangle(corners, colors);
-    }
+    displayMesh_.render(&window, &material, nullptr, COMP_ALL);
 }
 
 float CustomHelperObject::pivotReach() {
     const Box3 box = displayMesh_.getBoundingBox();
-    if (box.IsEmpty()) return static_cast<float>(kMarkerRadius * systemUnitsPerMeter());
+    if (box.IsEmpty()) return kMarkerRadius;
     float reach = 0.0f;
     for (int axis = 0; axis < 3; ++axis)
         reach = std::max({reach, std::abs(box.pmin[axis]), std::abs(box.pmax[axis])});
@@ -106,22 +101,14 @@ int CustomHelperObject::Display(TimeValue t, INode* inode, ViewExp* vpt, int /*f
     return 1;
 }
 
-int CustomHelperObject::HitTest(TimeValue t, INode* inode, int type, int crossing, int /*flags*/, IPoint2* p,
+int CustomHelperObject::HitTest(TimeValue t, INode* inode, int type, int crossing, int flags, IPoint2* p,
                                 ViewExp* vpt) {
     rebuildDisplayMesh();
-    GraphicsWindow& window = *vpt->getGW();
+    GraphicsWindow* const window = vpt->getGW();
+    window->setTransform(inode->GetObjectTM(t));
     HitRegion region;
     MakeHitRegion(region, type, crossing, kPickTolerance, p);
-    const DWORD viewLimits = window.getRndLimits();
-    window.setRndLimits((viewLimits | GW_PICK) & ~GW_ILLUM);
-    window.setTransform(inode->GetObjectTM(t));
-    window.setHitRegion(&region);
-    window.clearHitCode();
-    drawShape(window);
-    drawLines(window);
-    const BOOL hit = window.checkHitCode();
-    window.setRndLimits(viewLimits);
-    return hit;
+    return displayMesh_.select(window, inode->Mtls(), &region, flags & HIT_ABORTONHIT, inode->NumMtls());
 }
 
 void CustomHelperObject::GetLocalBoundBox(TimeValue /*t*/, INode* /*inode*/, ViewExp* /*vpt*/, Box3& box) {

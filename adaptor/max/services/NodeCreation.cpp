@@ -7,7 +7,6 @@
 #include "adaptor/max/nodes/CMAXNode.h"
 #include "adaptor/max/nodes/CMAXSnapshot_Mesh.h"
 #include "adaptor/max/nodes/CustomHelperObject.h"
-#include "adaptor/max/nodes/HostSpace.h"
 #include "adaptor/max/nodes/MeshTransfer.h"
 #include "adaptor/max/nodes/NodeInstanceRestoreObj.h"
 #include "adaptor/max/plugin/ClassIds.h"
@@ -27,12 +26,13 @@ namespace {
 /// Pure red.
 constexpr DWORD kMeshWireColor = 255;
 
-/// Half the width of a new helper's marker, in meters.
-constexpr double kMarkerRadius = 0.02;
+/// Half the width of a new helper's marker, in object units. The transforms that the core sets carry the
+/// meter as their scale, so that these are meters.
+constexpr double kMarkerRadius = 0.01;
 
 /// An octahedron, so that a helper can be seen, picked and saved before the core gives it a shape of its own.
 util::CMesh defaultMarker() {
-    const double r = kMarkerRadius * systemUnitsPerMeter();
+    constexpr double r = kMarkerRadius;
     util::CMesh marker;
     marker.vertices = {{r, 0, 0}, {-r, 0, 0}, {0, r, 0}, {0, -r, 0}, {0, 0, r}, {0, 0, -r}};
     marker.faces = {0, 2, 4, 2, 1, 4, 1, 3, 4, 3, 0, 4, 2, 0, 5, 1, 2, 5, 3, 1, 5, 0, 3, 5};
