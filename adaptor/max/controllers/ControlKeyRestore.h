@@ -2,6 +2,7 @@
 
 #include "adaptor/max/Host.h"
 #include "adaptor/max/controllers/LiveRef.h"
+#include "adaptor/max/controllers/ZorvaKey.h"
 #include "adaptor/max/services/Boundary.h"
 
 namespace qvo::zmx::adaptor::max {

@@ -1,0 +1,258 @@
+#include <deque>
+#include <functional>
+#include <map>
+#include <random>
+
+#include "adaptor/max/controllers/ControlKeyDeleteRestore.h"
+#include "adaptor/max/controllers/ControlKeyInsertRestore.h"
+#include "tests/adaptor/controllers/ControllerTest.h"
+
+namespace qvo::zmx::test {
+namespace {
+
+class KeyRestore : public ControllerTest {};
+
+const struct {
+    const char* name;
+    std::function<void(ScalarControl&)> edit;
+    const char* keysAfter;
+} kEdits[] = {
+    {"Append",
+     [](ScalarControl& c) {
+         c.setKey({0, 40, 4});
+     },
+     "10=10 20*=20 30=30 40=4"},
+    {"InsertBetween",
+     [](ScalarControl& c) {
+         c.setKey({0, 15, 4});
+     },
+     "10=10 15=4 20*=20 30=30"},
+    {"InsertFirst",
+     [](ScalarControl& c) {
+         c.setKey({0, -5, 4});
+     },
+     "-5=4 10=10 20*=20 30=30"},
+    {"Overwrite",
+     [](ScalarControl& c) {
+         c.setKey({0, 20, 4});
+     },
+     "10=10 20=4 30=30"},
+    {"DeleteAtTime", [](ScalarControl& c) { c.DeleteKeyAtTime(30); }, "10=10 20*=20"},
+    {"DeleteByIndex", [](ScalarControl& c) { c.DeleteKeyByIndex(0); }, "20*=20 30=30"},
+    {"DeleteSelected", [](ScalarControl& c) { c.DeleteKeys(TRACK_DOSEL | TRACK_DOALL); }, "10=10 30=30"},
+    {"DeleteTime", [](ScalarControl& c) { c.DeleteTime(Interval(15, 25), 0); }, "10=10 20=30"},
+    {"KeyInAnimateMode", [](ScalarControl& c) { animated([&] { setValue(c, 25, 7); }); },
+     "10=10 20*=20 25=7 30=30"},
+    {"ValueWithoutKey", [](ScalarControl& c) { setValue(c, 25, 7); }, "10=10 20*=20 30=30"},
+    {"OneAfterAnother",
+     [](ScalarControl& c) {
+         c.setKey({0, 40, 4});
+         c.DeleteKeyByIndex(0);
+         c.setKey({0, 20, 8});
+         c.DeleteTime(Interval(0, 20), TIME_NOSLIDE);
+     },
+     "20=8 30=30 40=4"},
+};
+
+TEST_F(KeyRestore, UndoRedoAndCancelOfEveryEdit) {
+    for (const auto& c : kEdits) {
+        SCOPED_TRACE(c.name);
+        Used<ScalarControl> control;
+        bake(*control, {10, 20, 30});
+        control->SelectKeyByIndex(1, TRUE);
+        const std::string before = described(*control);
+        const float valueBefore = valueAt(*control, 25);
+
+        hold([&] { c.edit(*control); });
+        const float valueAfter = valueAt(*control, 25);
+        EXPECT_EQ(described(*control), c.keysAfter);
+        for (int round = 0; round < 2; ++round) {
+            control.user().changes = 0;
+            EXPECT_TRUE(host.undo());
+            EXPECT_EQ(described(*control), before);
+            EXPECT_EQ(valueAt(*control, 25), valueBefore);
+            EXPECT_GT(control.user().changes, 0);
+            EXPECT_TRUE(host.redo());
+            EXPECT_EQ(described(*control), c.keysAfter);
+            EXPECT_EQ(valueAt(*control, 25), valueAfter);
+        }
+        host.undo();
+        theHold.Begin();
+        c.edit(*control);
+        theHold.Cancel();
+        EXPECT_EQ(described(*control), before);
+        EXPECT_EQ(valueAt(*control, 25), valueBefore);
+        GetCOREInterface()->FlushUndoBuffer();
+    }
+}
+
+TEST_F(KeyRestore, SecondUndoOrRedoInARowDoesNothing) {
+    using Base = BaseControl<float>;
+    Used<ScalarControl> control;
+    bake(*control, {10, 20});
+    ControlKeyDeleteRestore<Base, ZorvaKey<float>> deletion(*control, 1, {0, 15, 1});
+    ControlKeyInsertRestore<Base, ZorvaKey<float>> insertion(*control, 0, 10);
+    for (const auto& [record, undone] :
+         {std::pair<RestoreObj*, const char*>{&deletion, "10=10 15=1 20=20"}, {&insertion, "20=20"}}) {
+        record->Redo();
+        EXPECT_EQ(described(*control), "10=10 20=20");
+        record->Restore(1);
+        record->Restore(1);
+        EXPECT_EQ(described(*control), undone);
+        record->Redo();
+        record->Redo();
+        EXPECT_EQ(described(*control), "10=10 20=20");
+        EXPECT_EQ(record->Size(), 24);
+        EXPECT_EQ(record->Description(), "---");
+    }
+}
+
+TEST_F(KeyRestore, RecordsOutliveTheirController) {
+    Used<ScalarControl> control;
+    hold([&] {
+        bake(*control, {10, 20, 5, 20});
+        control->DeleteKeyByIndex(0);
+        control->DeleteTime(Interval(0, 15), 0);
+        setValue(*control, 3, 4);
+    });
+    control.end();
+    EXPECT_TRUE(host.undo());
+    EXPECT_TRUE(host.redo());
+    EXPECT_TRUE(host.undo());
+}
+
+/// Edits that no record knows of come between: what a record cannot find it leaves alone.
+TEST_F(KeyRestore, TableChangedUnrecordedStaysInOrder) {
+    const std::function<void(ScalarControl&)> intrusions[] = {
+        [](ScalarControl& c) { c.DeleteKeys(TRACK_DOALL); },
+        [](ScalarControl& c) { c.DeleteKeyByIndex(0); },
+        [](ScalarControl& c) { c.DeleteKeyAtTime(40); },
+        [](ScalarControl& c) {
+            bake(c, {1, 2, 3, 10, 50, 60});
+        },
+    };
+    for (const auto& c : kEdits)
+        for (const auto& intrude : intrusions) {
+            Used<ScalarControl> control;
+            bake(*control, {10, 20, 30});
+            control->SelectKeyByIndex(1, TRUE);
+            hold([&] { c.edit(*control); });
+            intrude(*control);
+            host.undo();
+            intrude(*control);
+            host.redo();
+            for (int i = 1; i < control->keys().size(); ++i)
+                EXPECT_LT(control->keys()[i - 1].time, control->keys()[i].time) << c.name;
+            GetCOREInterface()->FlushUndoBuffer();
+        }
+}
+
+TEST_F(KeyRestore, EvaluatedValueIsNotBroughtBackOverAChangedTable) {
+    Used<ScalarControl> control;
+    bake(*control, {0, 100});
+    EXPECT_EQ(valueAt(*control, 50), 50);
+    hold([&] { animated([&] { setValue(*control, 200, 5); }); });
+    control->setKey({0, 50, 7});
+    host.undo();
+    EXPECT_EQ(valueAt(*control, 50), 7);
+}
+
+// ---- A random walk against a plain model ----
+
+using Model = std::map<TimeValue, float>;
+
+float evaluated(const Model& model, TimeValue t) {
+    const auto right = model.lower_bound(t);
+    if (right == model.end()) return model.rbegin()->second;
+    if (right->first == t || right == model.begin()) return right->second;
+    const auto left = std::prev(right);
+    return static_cast<float>(t - left->first) / static_cast<float>(right->first - left->first) *
+               (right->second - left->second) +
+           left->second;
+}
+
+/// One random edit, done to both.
+void editBoth(ScalarControl& control, Model& model, std::mt19937& random) {
+    const TimeValue t = static_cast<TimeValue>(random() % 60);
+    const TimeValue later = t + 1 + static_cast<TimeValue>(random() % 10);
+    const auto value = static_cast<float>(random() % 1000);
+    switch (random() % 30) {
+        case 0:
+            control.DeleteTime(Interval(t, later), TIME_INCLEFT | TIME_INCRIGHT | TIME_NOSLIDE);
+            model.erase(model.lower_bound(t), model.upper_bound(later));
+            break;
+        case 1:
+        case 2:
+            for (int i = 0; i < control.NumKeys(); ++i)
+                control.SelectKeyByIndex(i, control.GetKeyTime(i) % 7 == t % 7);
+            control.DeleteKeys(TRACK_DOSEL);
+            for (auto key = model.begin(); key != model.end();)
+                key = key->first % 7 == t % 7 ? model.erase(key) : std::next(key);
+            break;
+        case 3:
+        case 4:
+        case 5:
+        case 6:
+            control.DeleteKeyAtTime(t);
+            model.erase(t);
+            break;
+        default:
+            break;
+    }
+    animated([&] { setValue(control, later, value); });
+    model[later] = value;
+}
+
+void expectSame(ScalarControl& control, const Model& model, std::mt19937& random) {
+    ASSERT_EQ(control.keys().size(), static_cast<int>(model.size()));
+    int index = 0;
+    for (const auto& [time, value] : model) {
+        ASSERT_EQ(control.keys()[index].time, time);
+        ASSERT_EQ(control.keys()[index++].value, value);
+    }
+    for (int i = 0; i < 5 && !model.empty(); ++i) {
+        const TimeValue t = static_cast<TimeValue>(random() % 90) - 10;
+        ASSERT_EQ(valueAt(control, t), evaluated(model, t)) << "at " << t;
+    }
+}
+
+TEST_F(KeyRestore, RandomWalkAgreesWithAMap) {
+    constexpr std::size_t kUndoLimit = 20;
+    std::mt19937 random(42);
+    Used<ScalarControl> control;
+    Model model;
+    std::deque<Model> undoStates;
+    std::deque<Model> redoStates;
+    const auto edits = [&] {
+        for (auto count = 1 + random() % 3; count > 0; --count)
+            editBoth(*control, model, random);
+    };
+    for (int step = 0; step < 20000; ++step) {
+        SCOPED_TRACE(step);
+        const Model before = model;
+        const auto action = random() % 10;
+        if (action < 5) {
+            hold(edits);
+            undoStates.push_back(before);
+            if (undoStates.size() > kUndoLimit) undoStates.pop_front();
+            redoStates.clear();
+        } else if (action == 5) {
+            theHold.Begin();
+            edits();
+            theHold.Cancel();
+            model = before;
+        } else {
+            const bool isUndo = action < 8;
+            auto& from = isUndo ? undoStates : redoStates;
+            ASSERT_EQ(isUndo ? host.undo() : host.redo(), !from.empty());
+            if (from.empty()) continue;
+            (isUndo ? redoStates : undoStates).push_back(before);
+            model = from.back();
+            from.pop_back();
+        }
+        ASSERT_NO_FATAL_FAILURE(expectSame(*control, model, random));
+    }
+}
+
+}  // namespace
+}  // namespace qvo::zmx::test
