@@ -3,6 +3,7 @@
 #include <max.h>
 
 #include <functional>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -257,6 +258,84 @@ TEST_F(SceneTest, NamesNumberTheirBase) {
     EXPECT_EQ(ip->GetINodeByName("Node01"), first);
     ip->DeleteNode(first);
     EXPECT_EQ(ip->GetINodeByName("Node01"), second);
+}
+
+// Random recorded edits, undos and redos against the list of outlines that a correct host shows.
+TEST_F(SceneTest, RandomEditsAreUndoneStepByStep) {
+    std::mt19937 random(20100);
+    const auto upTo = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
+    const auto anyNode = [&]() -> INode* {
+        INode* node = ip->GetRootNode();
+        for (int depth = upTo(5); depth > 0 && node->NumberOfChildren() > 0; --depth)
+            node = node->GetChildNode(upTo(node->NumberOfChildren()));
+        return node == ip->GetRootNode() ? nullptr : node;
+    };
+    const auto edit = [&] {
+        INode* const node = anyNode();
+        INode* const other = anyNode();
+        const bool room = host.nodeCount() < 40;
+        if (node == nullptr || host.nodeCount() < 5) {
+            if (room) make("n", other, Point3(upTo(9), 0, 0));
+            return;
+        }
+        std::string name(1, static_cast<char>('a' + upTo(26)));
+        Matrix3 tm = TransMatrix(Point3(upTo(50), 0, 0));
+        switch (upTo(room ? 9 : 8)) {
+            case 0:
+                node->SetName(name.data());
+                break;
+            case 1:
+                node->Detach(0, upTo(2));
+                break;
+            case 2:
+                if (other != nullptr) other->AttachChild(node, upTo(2));
+                break;
+            case 3:
+                node->Hide(upTo(2));
+                break;
+            case 4:
+                ip->SelectNode(node, upTo(2));
+                break;
+            case 5:
+                node->SetNodeTM(0, tm);
+                break;
+            case 6:
+                ip->DeleteNode(node, TRUE, upTo(2));
+                break;
+            case 7:
+                node->SetTMController(NewDefaultMatrix3Controller());
+                break;
+            default:
+                make(name.c_str(), other, Point3(upTo(9), 0, 0));
+                break;
+        }
+    };
+    std::vector<std::string> states{outline()};
+    size_t present = 0;
+    for (int step = 0; step < 3000; ++step) {
+        const int action = upTo(4);
+        if (action == 0 && host.undo()) {
+            --present;
+        } else if (action == 1 && host.redo()) {
+            ++present;
+        } else {
+            theHold.Begin();
+            for (int edits = 1 + upTo(3); edits > 0; --edits)
+                edit();
+            std::string name = std::to_string(step);
+            if (upTo(5) == 0) {
+                theHold.Cancel();
+            } else {
+                theHold.Accept(name.data());
+            }
+            const std::vector<std::string> names = host.undoNames();
+            if (!names.empty() && names.front() == name) {
+                states.resize(++present);
+                states.push_back(outline());
+            }
+        }
+        ASSERT_EQ(outline(), states[present]) << "step " << step;
+    }
 }
 
 TEST_F(SceneTest, DeepHierarchyNeedsNoStack) {
