@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# What `run` refuses before it installs or builds anything: one line or the usage, status 2, no results.
+set -u
+
+run=$1
+folder=$(mktemp -d)
+trap 'rm -rf -- "$folder"' EXIT
+cd -- "$folder" || exit 1
+failures=0
+
+# expect NAME LINES TEXT ARGUMENTS...: status 2, that many lines (0: any) on the error stream, TEXT among them.
+expect() {
+    local name=$1 lines=$2 text=$3 status count
+    shift 3
+    "$run" "$@" >stdout 2>stderr
+    status=$?
+    count=$(wc -l <stderr)
+    if [ $status -ne 2 ] || [ -s stdout ] || ! grep -qF -- "$text" stderr || [ -e out ] ||
+        { [ "$lines" -ne 0 ] && [ "$count" -ne "$lines" ]; }; then
+        echo "$name: status $status, error stream:"
+        cat stderr
+        failures=$((failures + 1))
+    fi
+}
+
+mkdir "a folder.bvh"
+expect missing_clip 1 "no such & <clip>.bvh" "no such & <clip>.bvh"
+expect folder_as_clip 1 "a folder.bvh" "a folder.bvh" --out out
+expect missing_clip_with_dash 1 "-x.bvh" -- -x.bvh
+expect unknown_option 0 "usage:" --windows
+expect two_clips 0 "usage:" a.bvh b.bvh
+expect out_without_folder 0 "usage:" --out
+expect empty_out 0 "usage:" --out ""
+expect empty_clip 0 "usage:" ""
+
+exit $((failures > 0))
