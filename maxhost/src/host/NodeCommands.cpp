@@ -118,7 +118,7 @@ bool NodeCommands::deleteSelection(TimeValue t) {
     // place.
     for (const ULONG handle : handles) {
         Node* const node = scene_.findByHandle(handle);
-        const std::vector<Node*> children = node == nullptr ? std::vector<Node*>() : node->children();
+        const std::vector<Node*> children = node == nullptr ? std::vector<Node*>() : node->children().copy();
         for (Node* child : children)
             if (doomed.count(child->GetHandle()) == 0) child->Detach(t, 1);
     }

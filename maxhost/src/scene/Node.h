@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "maxhost/src/scene/ChildList.h"
 #include "maxhost/src/scene/UserProperties.h"
 
 namespace maxhost {
@@ -37,7 +38,7 @@ class CoreExport Node final : public INode {
     TCHAR* GetName() override { return name_.data(); }
     void SetName(TCHAR* s) override;
     INode* GetParentNode() override { return parent_; }
-    int NumberOfChildren() override { return static_cast<int>(children_.size()); }
+    int NumberOfChildren() override { return children_.size(); }
     INode* GetChildNode(int i) override;
     int IsRootNode() override { return isRoot() ? 1 : 0; }
     void AttachChild(INode* node, int keepPos = 1) override;
@@ -102,7 +103,7 @@ class CoreExport Node final : public INode {
     bool inScene() const { return inScene_; }
     Node* parent() { return parent_; }
     const std::string& name() const { return name_; }
-    const std::vector<Node*>& children() const { return children_; }
+    const ChildList& children() const { return children_; }
     bool has(Flag flag) const { return (flags_ & flag) != 0; }
     DWORD flags() const { return flags_; }
     /// Recorded while holding.
@@ -143,7 +144,7 @@ class CoreExport Node final : public INode {
     UserProperties properties_;
 
     Node* parent_ = nullptr;
-    std::vector<Node*> children_;
+    ChildList children_;
     int lastIndex_ = 0;  ///< place among the siblings when it was last known; where a search begins
 
     Control* control_ = nullptr;

@@ -9,7 +9,7 @@
 namespace maxhost {
 
 INode* Node::GetChildNode(int i) {
-    return i < 0 || i >= NumberOfChildren() ? nullptr : children_[static_cast<size_t>(i)];
+    return i < 0 || i >= NumberOfChildren() ? nullptr : children_[i];
 }
 
 bool Node::isAncestorOrSelf(const Node& node) const {
@@ -20,18 +20,7 @@ bool Node::isAncestorOrSelf(const Node& node) const {
 }
 
 int Node::childIndex(Node& child) {
-    // Outwards from where the child was last seen, and from both ends: whoever removes children in order,
-    // from either end, and whoever removes few finds them at once.
-    const int count = NumberOfChildren();
-    const int last = std::clamp(child.lastIndex_, 0, std::max(0, count - 1));
-    for (int distance = 0; distance < count; ++distance) {
-        for (const int index : {last - distance, last + distance, distance, count - 1 - distance}) {
-            if (index < 0 || index >= count || children_[static_cast<size_t>(index)] != &child) continue;
-            child.lastIndex_ = index;
-            return index;
-        }
-    }
-    return count;
+    return child.lastIndex_ = children_.find(&child, child.lastIndex_);
 }
 
 Node::Link Node::link() {
@@ -40,15 +29,11 @@ Node::Link Node::link() {
 
 void Node::applyLink(const Link& link) {
     invalidateTransforms();
-    if (parent_ != nullptr) {
-        auto& siblings = parent_->children_;
-        siblings.erase(siblings.begin() + parent_->childIndex(*this));
-    }
+    if (parent_ != nullptr) parent_->children_.erase(parent_->childIndex(*this));
     parent_ = link.parent;
     if (parent_ == nullptr) return;
-    auto& siblings = parent_->children_;
-    lastIndex_ = std::clamp(link.index, 0, static_cast<int>(siblings.size()));
-    siblings.insert(siblings.begin() + lastIndex_, this);
+    lastIndex_ = std::clamp(link.index, 0, parent_->children_.size());
+    parent_->children_.insert(lastIndex_, this);
 }
 
 void Node::AttachChild(INode* node, int keepPos) {

@@ -101,7 +101,7 @@ void Scene::enter(Node& node, const Node::Link& link) {
 void Scene::leave(Node& node) {
     // Children that came in unrecorded ways stay in the scene.
     while (!node.children_.empty())
-        node.children_.front()->applyLink({root_, root_->NumberOfChildren()});
+        node.children_[0]->applyLink({root_, root_->NumberOfChildren()});
     forgetName(node);
     byHandle_.erase(node.handle_);
     node.applyLink(Node::Link());
@@ -132,7 +132,7 @@ void Scene::deleteNode(Node& node, TimeValue t, bool keepChildTM) {
     BroadcastNotification(NOTIFY_SCENE_PRE_DELETED_NODE, static_cast<INode*>(&node));
     if (!node.inScene_) return;  // a handler was faster
     selection_.remove({&node});
-    const std::vector<Node*> children = node.children_;
+    const std::vector<Node*> children = node.children_.copy();
     for (Node* child : children)
         child->Detach(t, keepChildTM ? 1 : 0);
     if (theHold.Holding()) theHold.Put(ScenePlaceRestore::ofDeletion(node, node.link()));
