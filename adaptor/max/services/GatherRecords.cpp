@@ -14,23 +14,23 @@ std::string keyOf(const std::string& ownerName, const std::string& objectName) {
 
 }  // namespace
 
-void GatherRecords::add(INode& node, util::xml::Element&& tag) {
-    byName_[keyOf(ownerNameOf(tag), objectNameOf(tag))].push_back(records_.size());
-    records_.push_back({node.GetHandle(), std::move(tag)});
+void GatherRecords::add(INode& node, const util::xml::Element& tag) {
+    const std::size_t place = records_.size();
+    std::size_t& last =
+        lastByName_.try_emplace(keyOf(ownerNameOf(tag), objectNameOf(tag)), kNone).first->second;
+    records_.push_back({node.GetHandle(), std::exchange(last, place)});
 }
 
 void GatherRecords::clear() {
-    while (!records_.empty())
-        records_.pop_back();
-    byName_.clear();
+    records_.clear();
+    lastByName_.clear();
 }
 
 INode* GatherRecords::find(const std::string& ownerName, const std::string& objectName) const {
-    const auto found = byName_.find(keyOf(ownerName, objectName));
-    if (found == byName_.end()) return nullptr;
-    const std::vector<std::size_t>& places = found->second;
-    for (auto place = places.rbegin(); place != places.rend(); ++place)
-        if (INode* const node = records_[*place].node()) return node;
+    const auto found = lastByName_.find(keyOf(ownerName, objectName));
+    std::size_t place = found == lastByName_.end() ? kNone : found->second;
+    for (; place != kNone; place = records_[place].namesake)
+        if (INode* const node = records_[place].node()) return node;
     return nullptr;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -13,16 +14,17 @@ namespace qvo::zmx::adaptor::max {
 /// asked for again by its handle.
 struct GatherRecord {
     ULONG handle;
-    util::xml::Element tag;
+    std::size_t namesake;  ///< place of the record before this one whose tag has the same names, or none
 
     /// Null when the host does not know the node any more.
     INode* node() const { return GetCOREInterface()->GetINodeByHandle(handle); }
 };
 
-/// The records of the running gathering, in scene order; empty outside one.
+/// The records of the running gathering, in scene order; empty outside one. Of the tags it keeps the names
+/// only, once for each pair of them.
 class GatherRecords {
   public:
-    void add(INode& node, util::xml::Element&& tag);
+    void add(INode& node, const util::xml::Element& tag);
     void clear();
 
     const std::vector<GatherRecord>& inOrder() const { return records_; }
@@ -32,8 +34,10 @@ class GatherRecords {
     INode* find(const std::string& ownerName, const std::string& objectName) const;
 
   private:
+    static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
     std::vector<GatherRecord> records_;
-    std::unordered_map<std::string, std::vector<std::size_t>> byName_;  ///< places by owner and object
+    std::unordered_map<std::string, std::size_t> lastByName_;
 };
 
 }  // namespace qvo::zmx::adaptor::max

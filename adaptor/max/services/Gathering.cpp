@@ -14,7 +14,7 @@ using util::xml::Element;
 
 namespace {
 
-/// Reads one node's tag: its components go into `masterNodes`, what is left of the tag into `records`.
+/// Reads one node's tag: its components go into `masterNodes`, its names into `records`.
 void readTag(INode& node, MasterNodes& masterNodes, GatherRecords& records) {
     const auto text = readTagText(node);
     if (!text) return;
@@ -25,7 +25,7 @@ void readTag(INode& node, MasterNodes& masterNodes, GatherRecords& records) {
         logLine(Log::kWarning, "The tag of node ", node.GetName(), " is damaged (", text->size(),
                 " characters)");
     const bool empty = tag.value.empty() && tag.children.empty() && tag.attributes.empty();
-    if (!empty) records.add(node, std::move(tag));
+    if (!empty) records.add(node, tag);
 }
 
 /// One run: the flag is set, and the records are empty again on every way out.
