@@ -1,9 +1,8 @@
 #include "samples/mocap_core/bvh/BvhReader.h"
 
-#include <fstream>
 #include <utility>
-#include <vector>
 
+#include "samples/mocap_core/FileText.h"
 #include "samples/mocap_core/bvh/HierarchyReader.h"
 
 namespace qvo::zmx::mocap {
@@ -13,16 +12,7 @@ constexpr std::size_t kFramesPerSlip = 1000;
 }
 
 Clip BvhReader::readFile(const std::string& path) {
-    std::ifstream stream(path, std::ios::binary);
-    if (!stream) throw FileError(path, 0, "the clip cannot be opened");
-    std::string text;
-    std::vector<char> block(std::size_t{1} << 16);
-    do {
-        stream.read(block.data(), static_cast<std::streamsize>(block.size()));
-        text.append(block.data(), static_cast<std::size_t>(stream.gcount()));
-    } while (stream);
-    if (stream.bad()) throw FileError(path, 0, "the clip cannot be read");
-    return parse(text, path);
+    return parse(readFileText(path, "the clip"), path);
 }
 
 Clip BvhReader::parse(std::string_view text, const std::string& file) {
