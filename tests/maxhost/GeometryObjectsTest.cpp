@@ -79,11 +79,7 @@ TEST_F(ObjectsTest, MeshSurvivesCloneAndFile) {
     fill(tri->mesh);
     INode* const node = nodeOf(tri, "mesh");
     EXPECT_EQ(node->EvalWorldState(0).obj->ConvertToType(0, triObjectClassID), tri);
-    INodeTab nodes, clones;
-    nodes.AppendNode(node);
-    Point3 offset(0, 0, 0);
-    ASSERT_TRUE(ip->CloneNodes(nodes, offset, false, NODE_COPY, nullptr, &clones));
-    Mesh& cloned = static_cast<TriObject*>(clones[0]->GetObjectRef())->mesh;
+    Mesh& cloned = cloneOf<TriObject>(node)->mesh;
     expectEqual(cloned, tri->mesh);
     cloned.setVert(0, Point3(9, 9, 9));
     EXPECT_NE(tri->mesh.verts[0], Point3(9, 9, 9));
@@ -97,7 +93,7 @@ TEST_F(ObjectsTest, MeshSurvivesCloneAndFile) {
 TEST_F(ObjectsTest, DamagedMeshIsRefused) {
     TriObject* const tri = CreateNewTriObject();
     fill(tri->mesh);
-    expectDamageRefused(chunksOf(*tri), [] {
+    expectDamageRefused(chunksOf(*tri), 20, [] {
         TriObject* const other = CreateNewTriObject();
         other->mesh.setNumVerts(2);
         return other;
@@ -179,11 +175,7 @@ TEST_F(ObjectsTest, PrimitivesSurviveCloneAndFile) {
     INode* const node = nodeOf(create(GEOMOBJECT_CLASS_ID, SPHERE_CLASS_ID), "ball");
     setKey(parameter(node->GetObjectRef(), 0), 0, 3);
     setKey(parameter(node->GetObjectRef(), 0), 160, 7);
-    INodeTab nodes, clones;
-    nodes.AppendNode(node);
-    Point3 offset(0, 0, 0);
-    ASSERT_TRUE(ip->CloneNodes(nodes, offset, false, NODE_COPY, nullptr, &clones));
-    setKey(parameter(clones[0]->GetObjectRef(), 0), 160, 70);
+    setKey(parameter(cloneOf(node), 0), 160, 70);
     EXPECT_EQ(valueOf(parameter(node->GetObjectRef(), 0), 160), 7);
 
     reopen();

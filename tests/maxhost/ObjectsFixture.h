@@ -28,6 +28,17 @@ class ObjectsTest : public ::testing::Test {
     }
     INode* nodeOf(Object* object, const char* name = nullptr) { return ip->CreateObjectNode(object, name); }
 
+    /// The object of a copy of the node.
+    template <class T = Object>
+    T* cloneOf(INode* node) {
+        INodeTab nodes, clones;
+        nodes.AppendNode(node);
+        Point3 offset(0, 0, 0);
+        EXPECT_TRUE(ip->CloneNodes(nodes, offset, false, NODE_COPY, nullptr, &clones));
+        EXPECT_NE(clones[0]->GetObjectRef(), node->GetObjectRef());
+        return static_cast<T*>(clones[0]->GetObjectRef());
+    }
+
     template <class Change>
     void hold(Change change) {
         theHold.Begin();
@@ -57,10 +68,10 @@ class ObjectsTest : public ::testing::Test {
         EXPECT_TRUE(saver.balanced());
         return saver.chunks;
     }
-    /// Loads every damaged form of the chunks: cut short, too long, lost, of another id, of changed bytes in
-    /// the first chunk, which holds version and counts. Each must be refused.
+    /// Loads every damaged form of the chunks: cut short, too long, lost, of another id, of a change in any
+    /// of the first `fixedBytes`, which admit none. Each must be refused.
     template <class Make>
-    static void expectDamageRefused(const qvo::zmx::test::ChunkList& sound, Make make) {
+    static void expectDamageRefused(const qvo::zmx::test::ChunkList& sound, size_t fixedBytes, Make make) {
         const auto refused = [&](const qvo::zmx::test::ChunkList& chunks, const std::string& what) {
             ReferenceTarget* const object = make();
             const qvo::zmx::test::ChunkList before = chunksOf(*object);
@@ -87,7 +98,7 @@ class ObjectsTest : public ::testing::Test {
             chunks.erase(chunks.begin() + static_cast<std::ptrdiff_t>(i));
             refused(chunks, name + " lost");
         }
-        for (size_t at = 0; at < sound[0].bytes.size(); ++at) {
+        for (size_t at = 0; at < fixedBytes; ++at) {
             for (const char damage : {'\x81', '\x7f'}) {
                 qvo::zmx::test::ChunkList chunks = sound;
                 chunks[0].bytes[at] = static_cast<char>(chunks[0].bytes[at] ^ damage);

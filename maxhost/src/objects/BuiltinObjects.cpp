@@ -3,8 +3,11 @@
 #include <iparamb2.h>
 
 #include "maxhost/src/objects/BoxObject.h"
+#include "maxhost/src/objects/FreeCamera.h"
 #include "maxhost/src/objects/MeshObject.h"
+#include "maxhost/src/objects/PointObject.h"
 #include "maxhost/src/objects/SphereObject.h"
+#include "maxhost/src/objects/SplineShape.h"
 
 namespace maxhost {
 
@@ -39,7 +42,10 @@ std::vector<ClassDesc*> builtinObjectClasses() {
     static ObjectClassDesc<BoxObject, makeWithControls<BoxObject>> box;
     static ObjectClassDesc<MeshObject, makePlain<MeshObject>> mesh;
     static ObjectClassDesc<SphereObject, makeWithControls<SphereObject>> sphere;
-    return {&box, &mesh, &sphere};
+    static ObjectClassDesc<FreeCamera, makeWithControls<FreeCamera>> camera;
+    static ObjectClassDesc<PointObject, makePlain<PointObject>> point;
+    static ObjectClassDesc<SplineShape, makePlain<SplineShape>> shape;
+    return {&box, &mesh, &sphere, &camera, &point, &shape};
 }
 
 }  // namespace maxhost

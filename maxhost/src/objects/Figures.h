@@ -13,20 +13,20 @@ namespace maxhost {
 ///
 /// Meshes are drawn in the node's materials if it has any, else in its wire colour; lines in its wire colour,
 /// white when the node is selected.
-void displayFigure(Mesh& mesh, TimeValue t, INode& node, ViewExp& view);
-void displayFigure(const LineFigure& lines, TimeValue t, INode& node, ViewExp& view);
+CoreExport void displayFigure(Mesh& mesh, TimeValue t, INode& node, ViewExp& view);
+CoreExport void displayFigure(const LineFigure& lines, TimeValue t, INode& node, ViewExp& view);
 
 /// Whether the region hits the figure. `flags` of BaseObject::HitTest.
-bool hitFigure(Mesh& mesh, TimeValue t, INode& node, ViewExp& view, HitRegion& region, int flags);
-bool hitFigure(const LineFigure& lines, TimeValue t, INode& node, ViewExp& view, HitRegion& region,
-               int flags);
+CoreExport bool hitFigure(Mesh& mesh, TimeValue t, INode& node, ViewExp& view, HitRegion& region, int flags);
+CoreExport bool hitFigure(const LineFigure& lines, TimeValue t, INode& node, ViewExp& view, HitRegion& region,
+                          int flags);
 
 /// Box of the figure, transformed when `tm` is given; empty for an empty figure.
-Box3 figureBox(Mesh& mesh, Matrix3* tm);
-Box3 figureBox(const LineFigure& lines, Matrix3* tm);
+CoreExport Box3 figureBox(Mesh& mesh, Matrix3* tm);
+CoreExport Box3 figureBox(const LineFigure& lines, Matrix3* tm);
 
 /// Nonzero when the ray hits; lines are never hit.
-int intersectFigure(Mesh& mesh, Ray& ray, float& at, Point3& norm);
-int intersectFigure(const LineFigure& lines, Ray& ray, float& at, Point3& norm);
+CoreExport int intersectFigure(Mesh& mesh, Ray& ray, float& at, Point3& norm);
+CoreExport int intersectFigure(const LineFigure& lines, Ray& ray, float& at, Point3& norm);
 
 }  // namespace maxhost

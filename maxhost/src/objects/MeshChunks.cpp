@@ -1,5 +1,7 @@
 #include "maxhost/src/objects/MeshChunks.h"
 
+#include <cstdint>
+
 #include "maxhost/src/objects/ChunkData.h"
 
 namespace maxhost {
