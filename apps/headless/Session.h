@@ -31,6 +31,8 @@ class Session {
     void undoAndRedo(const Playback& before);
     /// The motion of the reopened scene.
     Playback saveAndReopen(const Playback& before);
+    /// The reopened scene must give the bytes of the file `scene`.
+    void saveAgain(const std::string& scene);
     void writeResults(const Playback& playback);
     void describeScene(const Playback& playback);
     void endHost();

@@ -22,6 +22,7 @@ void Summary::write(const std::string& path, const Stages& stages) const {
     checks.add("one undo removes the skeleton", undoRemovesAll);
     checks.add("one redo plays back the same", redoPlaysTheSame);
     checks.add("the reopened scene plays back the same", reopenedPlaysTheSame);
+    checks.add("the reopened scene saves to the same bytes", secondSaveIsTheSame);
     Json summary;
     summary.add("report", report);
     summary.add("nodes", nodes);

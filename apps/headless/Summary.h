@@ -20,6 +20,7 @@ struct Summary {
     bool undoRemovesAll = false;         // one undo took every node away
     bool redoPlaysTheSame = false;       // one redo brought back the same motion
     bool reopenedPlaysTheSame = false;   // so did saving, resetting and opening
+    bool secondSaveIsTheSame = false;    // saving the reopened scene gave the same bytes
     std::size_t sceneBytes = 0;
     std::vector<std::string> messageBoxes;
     std::vector<std::string> faults;  // mistakes of plug-ins that the host noticed

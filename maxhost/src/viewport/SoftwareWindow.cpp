@@ -7,7 +7,7 @@ namespace maxhost {
 
 namespace {
 
-constexpr double kLineWidth = 1.4, kTextHeight = 9;
+constexpr double kLineWidth = 1.0, kTextHeight = 9;
 
 Point3 normalOf(const Point3 (&corners)[3]) {
     return (corners[1] - corners[0]) ^ (corners[2] - corners[0]);
