@@ -45,8 +45,9 @@ class CoreExport HeadlessHost {
     bool startUtilities();
     /// startUtilities, then NOTIFY_SYSTEM_STARTUP. False, and no notice, when a utility ended the host.
     bool start();
-    /// Empties the undo list, sends NOTIFY_SYSTEM_SHUTDOWN, destroys the scene, stops and deletes the global
-    /// utilities, sends NOTIFY_SYSTEM_SHUTDOWN2 and frees the libraries. Does nothing the second time.
+    /// Empties the undo list, sends NOTIFY_SYSTEM_SHUTDOWN, closes the panel, destroys the scene, stops and
+    /// deletes the global utilities, sends NOTIFY_SYSTEM_SHUTDOWN2 and frees the libraries. Does nothing the
+    /// second time.
     void exit();
 
     // ---- File menu ----

@@ -177,6 +177,28 @@ TEST_F(SceneTest, RecordsSurviveUnrecordedChanges) {
     EXPECT_EQ(outline(), "Scene Root@0(b@0(child@0))");
 }
 
+// A command that replaces the scene may come while a hold is open, or inside a group of holds.
+TEST_F(SceneTest, HoldsSurviveAChangeOfScene) {
+    for (const bool insideGroup : {false, true}) {
+        if (insideGroup) theHold.SuperBegin();
+        theHold.Begin();
+        INode* const a = make("a");
+        ip->SelectNode(a);
+        a->AttachChild(make("b"));
+        if (insideGroup) {
+            theHold.Accept(0);
+            host.reset();
+            make("kept");
+            theHold.SuperCancel();
+        } else {
+            host.reset();
+            make("kept");
+            theHold.Cancel();
+        }
+        EXPECT_EQ(outline(), insideGroup ? "Scene Root@0(kept@0)" : "Scene Root@0");
+    }
+}
+
 TEST_F(SceneTest, UserPropertiesAreLinesOfText) {
     INode* const a = make("a");
     TSTR value;

@@ -13,7 +13,7 @@ namespace maxhost {
 
 /// Writes a scene as the bytes of a file: the nodes, and whatever they refer to, directly or not. The same
 /// scene gives the same bytes, in this process or another. Linear in what is written.
-class SceneWriter {
+class CoreExport SceneWriter {
   public:
     /// Errors    throws std::runtime_error naming the object that could not be written.
     static Bytes write(Scene& scene, const format::SettingsRecord& settings,

@@ -73,10 +73,10 @@ bool HeadlessHost::start() {
 void HeadlessHost::exit() {
     if (exited_) return;
     exited_ = true;
-    host().panel().CloseUtility();
     // Before the notice: no record may outlive the code that it needs.
     UndoRecorder::instance().reset();
     BroadcastNotification(NOTIFY_SYSTEM_SHUTDOWN);
+    host().panel().reset();
     host().replaceScene(std::make_unique<Scene>());
     host().utilities().stopAll();
     BroadcastNotification(NOTIFY_SYSTEM_SHUTDOWN2);

@@ -45,7 +45,9 @@ Animatable* Host::selectedController() {
 }
 
 void Host::replaceScene(std::unique_ptr<Scene> scene) {
-    UndoRecorder::instance().flush();
+    UndoRecorder& undo = UndoRecorder::instance();
+    undo.flush();
+    if (undo.depth() > 0) undo.releaseOpenGroup();  // what an open hold has recorded is about nodes that go
     scene_->selection().drop();
     panel_->selectionChanged();
     scene_->setObserver(nullptr);

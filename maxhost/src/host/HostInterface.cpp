@@ -178,10 +178,4 @@ void HostInterface::ForceCompleteRedraw(BOOL /*bDisabledToo*/) {
     redrawIf(TRUE);
 }
 
-ViewExp* HostInterface::GetActiveViewport() {
-    return nullptr;
-}
-
-void HostInterface::ReleaseViewport(ViewExp* /*vpt*/) {}
-
 }  // namespace maxhost

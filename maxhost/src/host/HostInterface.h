@@ -68,8 +68,9 @@ class HostInterface final : public IObjCreate {
     int DisableSceneRedraw() override { return host_.redraw().disable(); }
     int EnableSceneRedraw() override { return host_.redraw().enable(); }
     BOOL IsSceneRedrawDisabled() override { return host_.redraw().isDisabled() ? TRUE : FALSE; }
-    ViewExp* GetActiveViewport() override;
-    void ReleaseViewport(ViewExp* vpt) override;
+    /// Null: this host has views only while it draws.
+    ViewExp* GetActiveViewport() override { return nullptr; }
+    void ReleaseViewport(ViewExp* /*vpt*/) override {}
 
   private:
     void redrawIf(BOOL wanted) {

@@ -29,6 +29,7 @@ Scene::~Scene() {
     selection_.drop();
     const std::vector<Node*> nodes = nodesInOrder();
     root_->children_.clear();
+    root_->inScene_ = false;
     for (Node* node : nodes) {
         node->inScene_ = false;
         node->parent_ = nullptr;

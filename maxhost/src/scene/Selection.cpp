@@ -14,7 +14,11 @@ namespace maxhost {
 class SelectionRestore : public RestoreObj {
   public:
     SelectionRestore(Selection& selection, std::vector<Selection::Removed> removed, std::vector<Node*> added)
-        : selection_(selection), removed_(std::move(removed)), added_(std::move(added)) {
+        : selection_(selection),
+          root_(selection.scene_.root()),
+          holdRoot_(&root_),
+          removed_(std::move(removed)),
+          added_(std::move(added)) {
         for (const Selection::Removed& removedNode : removed_) {
             gone_.push_back(removedNode.node);
             holds_.emplace_back(removedNode.node);
@@ -24,11 +28,13 @@ class SelectionRestore : public RestoreObj {
     }
 
     void Restore(int /*isUndo*/) override {
+        if (!root_.inScene()) return;  // the scene is gone, and the selection with it
         selection_.takeOut(added_);
         selection_.putBack(removed_);
         selection_.tell();
     }
     void Redo() override {
+        if (!root_.inScene()) return;
         selection_.takeOut(gone_);
         selection_.append(added_);
         selection_.tell();
@@ -37,6 +43,8 @@ class SelectionRestore : public RestoreObj {
 
   private:
     Selection& selection_;
+    Node& root_;
+    RecordHold holdRoot_;
     std::deque<RecordHold> holds_;
     std::vector<Selection::Removed> removed_;
     std::vector<Node*> gone_;
