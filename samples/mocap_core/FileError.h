@@ -15,6 +15,18 @@ class FileError : public std::runtime_error {
     /// `text` fit for a one-line message: control characters become '?', what exceeds `limit` bytes is
     /// replaced by "...".
     static std::string printable(const std::string& text, std::size_t limit = 60);
+
+    /// Runs `step`, which concerns `file` as a whole: a failure that names no file gets this one in front.
+    template <class Step>
+    static auto concerning(const std::string& file, Step step) {
+        try {
+            return step();
+        } catch (const FileError&) {
+            throw;
+        } catch (const std::runtime_error& error) {
+            throw FileError(file, 0, error.what());
+        }
+    }
 };
 
 }  // namespace qvo::zmx::mocap

@@ -33,9 +33,10 @@ int wholeRate(double userRate) {
 
 }  // namespace
 
-FrameGrid::FrameGrid(double userRate, double frameTime, std::size_t frames)
+FrameGrid::FrameGrid(double userRate, double frameTime, std::size_t frames, std::int64_t earliest)
     : userRate_(wholeRate(userRate)), frameTime_(exactFrameTime(frameTime)), frames_(frames) {
     chooseMultiplier();
+    firstFrame_ = (earliest + ticksPerFrame() - 1) / ticksPerFrame();
     verify();
 }
 
@@ -70,7 +71,7 @@ void FrameGrid::chooseMultiplier() {
 
 std::int64_t FrameGrid::hostFrame(std::size_t frame) const {
     const double step = rate() * frameTime_;
-    return std::llround(static_cast<double>(frame) * (exact_ ? std::round(step) : step));
+    return firstFrame_ + std::llround(static_cast<double>(frame) * (exact_ ? std::round(step) : step));
 }
 
 double FrameGrid::secondsOf(std::size_t frame) const {
@@ -87,7 +88,9 @@ std::int64_t FrameGrid::ticksOf(double seconds) const {
 
 void FrameGrid::verify() const {
     if (frames_ == 0) return;
-    const double last = static_cast<double>(frames_ - 1) * (rate() * frameTime_) * ticksPerFrame();
+    const double last =
+        (static_cast<double>(firstFrame_) + static_cast<double>(frames_ - 1) * (rate() * frameTime_)) *
+        ticksPerFrame();
     if (!(last < kLastTick))  // false for NaN too
         throw std::runtime_error("the clip lasts longer than the host's time line of 2147483647 ticks");
     std::int64_t previous = -1;

@@ -22,9 +22,10 @@ class FrameGrid {
     /// `userRate`   the host's frame rate as the user sees it, frames per second, 1 to 4800
     /// `frameTime`  seconds between two clip frames, as printed in the clip
     /// `frames`     how many frames the clip has
-    /// Throws std::runtime_error when no grid keeps the frames apart, or the clip is longer than the host's
-    /// time line. Cost: linear in the frames, since each is checked (see verify).
-    FrameGrid(double userRate, double frameTime, std::size_t frames);
+    /// `earliest`   the tick that the first frame may take, 0 or above; it takes the next host frame from
+    /// there Throws std::runtime_error when no grid keeps the frames apart, or the clip ends beyond the
+    /// host's time line. Cost: linear in the frames, since each is checked (see verify).
+    FrameGrid(double userRate, double frameTime, std::size_t frames, std::int64_t earliest = 0);
 
     /// What to hand to setFrameRateMultiplier.
     int multiplier() const { return multiplier_; }
@@ -44,8 +45,12 @@ class FrameGrid {
     /// that the adaptor's formula does not turn into the tick before.
     double secondsOf(std::size_t frame) const;
 
-    /// Seconds from the first clip frame to the last.
+    /// The moment of the last clip frame, seconds.
     double lastSecond() const { return frames_ == 0 ? 0.0 : secondsOf(frames_ - 1); }
+
+    /// Ticks of the first and of the last clip frame.
+    std::int64_t firstTick() const { return hostFrame(0) * ticksPerFrame(); }
+    std::int64_t lastTick() const { return hostFrame(frames_ == 0 ? 0 : frames_ - 1) * ticksPerFrame(); }
 
     /// Seconds between two frames, with printed rates made whole: a time within 0.1 % of 1 / n is 1 / n
     /// (.0083333 stands for 1 / 120).
@@ -60,6 +65,7 @@ class FrameGrid {
     int userRate_;
     double frameTime_;
     std::size_t frames_;
+    std::int64_t firstFrame_ = 0;  // the host frame of clip frame 0
     int multiplier_ = 1;
     bool exact_ = false;
 };

@@ -1,15 +1,14 @@
 #pragma once
 
-#include <memory>
 #include <string>
-#include <vector>
 
 #include "core/AdaptorInterface.h"
-#include "samples/mocap_core/ClipRecord.h"
 #include "samples/mocap_core/ReservedSlots.h"
 #include "samples/mocap_core/SceneGrid.h"
 #include "samples/mocap_core/Settings.h"
-#include "samples/mocap_core/Take.h"
+#include "samples/mocap_core/TakeList.h"
+#include "samples/mocap_core/TakeSet.h"
+#include "samples/mocap_core/options/OptionPanel.h"
 
 namespace qvo::zmx::mocap {
 
@@ -19,10 +18,11 @@ namespace qvo::zmx::mocap {
 /// Each press loads the clips as further takes beside those that are in the scene; a take's name is its
 /// clip's file name without extension, followed by "-2", "-3", ... where the scene has that name already. All
 /// clips of a press are one undo group. The frame grid of the last take stays in effect, the animation range
-/// covers all takes. What cannot be loaded leaves the scene as it was.
+/// covers all takes that were loaded. What cannot be loaded leaves the scene as it was.
 ///
-/// The scene keeps one record a clip (see ClipRecord) in an element named "ZMK_Mocap". No exception leaves
-/// any slot.
+/// The scene keeps the takes in tags on their nodes (see TakeState), written whenever it is saved and when
+/// the core is detached, and a list of them in an element of its own (see TakeList). No exception leaves any
+/// slot.
 class MocapCore final : public ReservedSlots {
   public:
     /// The version that core and adaptor must share.
@@ -47,25 +47,17 @@ class MocapCore final : public ReservedSlots {
     void optionChanged(unsigned int id, const void* value) override;  // slot 48
 
   private:
-    struct PreparedClip;
-
-    std::string configurationPath();
+    void readSettings(Settings& settings);
     void mirrorLog(const std::string& path);
-    std::string loadClips(const Settings& settings);
-    PreparedClip prepare(const std::string& path, double metresPerUnit);
-    std::size_t bake(const PreparedClip& prepared);
-    core::AdaptorInterface::TimeRange rangeWith(const PreparedClip& prepared) const;
-    void restoreGrid(const ClipRecord& record);
-    std::string uniqueName(const std::string& path) const;
-    bool isNameTaken(const std::string& name) const;
-    bool hasTakes() const;
+    void settle();
 
     core::AdaptorInterface& adaptor_;
-    SceneGrid sceneGrid_;
+    SceneGrid grid_;
+    OptionPanel options_;
+    TakeSet takes_;
+    TakeList takeList_;
+    bool sceneWasClosing_ = false;
     std::string logPath_;
-    std::vector<ClipRecord> remembered_;          // read from the scene, their nodes not reclaimed
-    std::vector<std::unique_ptr<Take>> takes_;    // loaded into the open scene, undone ones included
-    std::vector<std::unique_ptr<Take>> retired_;  // of closed scenes; wrappers may still refer to them
 };
 
 }  // namespace qvo::zmx::mocap

@@ -3,7 +3,9 @@
 #include <memory>
 #include <stdexcept>
 
+#include "samples/mocap_core/FrameGrid.h"
 #include "samples/mocap_core/GridChange.h"
+#include "util/Log.h"
 
 namespace qvo::zmx::mocap {
 
@@ -28,6 +30,30 @@ void SceneGrid::change(const State& after) {
 void SceneGrid::apply(const State& state) {
     setMultiplier(state.multiplier);
     adaptor_.setAnimationRange({onItsTick(state.range.first), onItsTick(state.range.second)});
+}
+
+void SceneGrid::suspend() {
+    suspended_ = multiplier_;
+    setMultiplier(1);
+}
+
+void SceneGrid::resume() {
+    setMultiplier(suspended_);
+}
+
+void SceneGrid::restore(const TakeRecord& take) {
+    const double userRate = adaptor_.getFrameRate();
+    // A host that keeps its frame rate in the scene is on the fine grid already.
+    if (userRate != take.userRate) {
+        util::logLine(util::Log::kNotice, "The host is at ", userRate, " frames per second, \"", take.name,
+                      "\" was made at ", take.userRate, ": the frame grid is left as it is");
+        return;
+    }
+    // The adaptor's own limits: what it refused would be remembered here all the same.
+    if (take.multiplier > userRate || take.multiplier * userRate > FrameGrid::kTicksPerSecond)
+        util::logLine(util::Log::kWarning, "The frame grid of \"", take.name, "\" is out of range");
+    else
+        setMultiplier(take.multiplier);
 }
 
 void SceneGrid::setMultiplier(int multiplier) {

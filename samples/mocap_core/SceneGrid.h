@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/AdaptorInterface.h"
+#include "samples/mocap_core/state/TakeRecord.h"
 
 namespace qvo::zmx::mocap {
 
@@ -25,10 +26,20 @@ class SceneGrid {
     void apply(const State& state);
 
     void setMultiplier(int multiplier);
+    int multiplier() const { return multiplier_; }
+
+    /// The scene is about to close: goes back to the user's own grid.
+    void suspend();
+    /// The scene has not closed after all: takes the grid up again.
+    void resume();
+
+    /// Takes up the grid that a take in the scene was made on, if the host is at the same frame rate as then.
+    void restore(const TakeRecord& take);
 
   private:
     core::AdaptorInterface& adaptor_;
     int multiplier_ = 1;
+    int suspended_ = 1;
 };
 
 }  // namespace qvo::zmx::mocap

@@ -1,11 +1,15 @@
 #include "samples/mocap_core/Settings.h"
 
 #include <filesystem>
+#include <limits>
+#include <optional>
 
 #include "samples/mocap_core/FileError.h"
 #include "samples/mocap_core/Numbers.h"
 
 namespace qvo::zmx::mocap {
+
+using util::xml::Element;
 
 namespace {
 
@@ -17,39 +21,109 @@ std::string trimmed(const std::string& text) {
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-std::string resolved(const std::string& settingsPath, const std::string& path) {
-    if (path.empty()) return path;
-    return (std::filesystem::path(settingsPath).parent_path() / path).string();
+std::string content(const Element& element) {
+    return trimmed(element.text());
+}
+
+std::string inQuotes(const std::string& text) {
+    return "\"" + FileError::printable(text) + "\"";
 }
 
 }  // namespace
 
-void Settings::readFile(const std::string& path) {
+void Settings::readFile(const std::string& file) {
     *this = Settings();
-    util::xml::Element root;
+    path = file;
+    Element root;
     const int result = root.readFile(path);
-    if (result == util::xml::Element::kFileNotOpened)
-        throw FileError(path, 0, "the settings cannot be opened");
-    if (result != util::xml::Element::kParsed || root.value != "zmx_config")
-        throw FileError(path, 0, "the settings are no well-formed zmx_config document");
-    readElements(root, path);
+    if (result == Element::kFileNotOpened) fail("the settings cannot be opened");
+    if (result != Element::kParsed || root.value != "zmx_config")
+        fail("the settings are no well-formed zmx_config document");
+    report = resolved(trimmed(root.textOf("report")));
+    log = resolved(trimmed(root.textOf("log")));
+    for (const Element* child : root.children)
+        if (child->kind == Element::kTag) readElement(*child);
+    requireWork();
 }
 
-void Settings::readElements(const util::xml::Element& root, const std::string& path) {
-    report = resolved(path, trimmed(root.textOf("report")));
-    log = resolved(path, trimmed(root.textOf("log")));
-    for (const util::xml::Element* child : root.children) {
-        if (child->kind != util::xml::Element::kTag || child->value != "clip") continue;
-        const std::string clip = trimmed(child->text());
-        if (!clip.empty()) clips.push_back(resolved(path, clip));
+void Settings::readElement(const Element& element) {
+    const std::string& name = element.value;
+    if (name == "option") {
+        readOption(element);
+    } else if (name == "merge") {
+        if (!content(element).empty()) merges.push_back(resolved(content(element)));
+    } else if (name == "edit") {
+        readEdit(element);
+    } else if (name == "clip") {
+        if (!content(element).empty()) clips.push_back(resolved(content(element)));
+    } else if (name == "metresPerUnit") {
+        metresPerUnit = positive(element.text(), "metresPerUnit");
+    } else if (name == "mesh") {
+        readMesh(element);
+    } else if (name == "camera") {
+        camera = content(element);
+    } else if (name == "convertAll") {
+        convertAll = true;
     }
-    if (clips.empty()) throw FileError(path, 0, "the settings name no clip");
-    if (const util::xml::Element* scale = root.findTag("metresPerUnit")) {
-        const std::string text = trimmed(scale->text());
-        if (parseNumber(text, metresPerUnit) != NumberFault::none || metresPerUnit <= 0.0)
-            throw FileError(path, 0,
-                            "metresPerUnit \"" + FileError::printable(text) + "\" is not a number above 0");
+}
+
+void Settings::readOption(const Element& element) {
+    const std::string id = element.attribute("id");
+    const std::optional<std::size_t> number = parseCount(id);
+    if (!number || *number > std::numeric_limits<unsigned int>::max())
+        fail("option id " + inQuotes(id) + " is not a number");
+    const std::string value = element.attribute("value");
+    if (value != "on" && value != "off")
+        fail("the value " + inQuotes(value) + " of option " + id + " is neither on nor off");
+    options.push_back({static_cast<unsigned int>(*number), value == "on"});
+}
+
+void Settings::readEdit(const Element& element) {
+    Edit edit{element.attribute("take"), {}};
+    for (const Element* child : element.children) {
+        if (child->kind != Element::kTag) continue;
+        const std::string value = content(*child);
+        if (child->value == "bake") {
+            edit.steps.push_back({EditStep::Kind::bake, ""});
+            continue;
+        }
+        if (child->value != "rename" && child->value != "extend")
+            fail("a take cannot be changed by " + inQuotes(child->value));
+        if (value.empty()) fail(child->value + " of take " + inQuotes(edit.take) + " says nothing");
+        if (child->value == "rename")
+            edit.steps.push_back({EditStep::Kind::rename, value});
+        else
+            edit.steps.push_back({EditStep::Kind::extend, resolved(value)});
     }
+    edits.push_back(std::move(edit));
+}
+
+void Settings::readMesh(const Element& element) {
+    if (content(element).empty()) return;
+    meshes.push_back({resolved(content(element)), element.attribute("joint"),
+                      positive(element.attribute("metresPerUnit", "1"), "metresPerUnit")});
+}
+
+void Settings::requireWork() const {
+    if (options.empty() && merges.empty() && edits.empty() && clips.empty() && meshes.empty() &&
+        camera.empty() && !convertAll)
+        fail("the settings name no clip");
+}
+
+double Settings::positive(const std::string& text, const std::string& what) const {
+    double value = 0.0;
+    if (parseNumber(trimmed(text), value) != NumberFault::none || value <= 0.0)
+        fail(what + " " + inQuotes(trimmed(text)) + " is not a number above 0");
+    return value;
+}
+
+std::string Settings::resolved(const std::string& file) const {
+    if (file.empty()) return file;
+    return (std::filesystem::path(path).parent_path() / file).string();
+}
+
+void Settings::fail(const std::string& cause) const {
+    throw FileError(path, 0, cause);
 }
 
 }  // namespace qvo::zmx::mocap

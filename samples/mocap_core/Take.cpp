@@ -1,28 +1,69 @@
 #include "samples/mocap_core/Take.h"
 
+#include <algorithm>
+
 #include "samples/mocap_core/Guarded.h"
-#include "util/xml/Tag.h"
+#include "util/ReturnInto.h"
 
 namespace qvo::zmx::mocap {
 
 void Take::writeState(util::xml::Element& masternodes) {
     guarded("writeState", [&] {
-        util::xml::Tag masternode("masternode");
-        util::xml::Element& plugin = masternode.addTag("ZMK_Plugin");
-        plugin.addTextTag("name", record_.name);
-        plugin.addChild(record_.toElement());
-        masternode.addTag("parent");
-        masternode.addTextTag("childindex", "0");
-        masternodes.addChild(masternode);
+        TakeState state{record_, {}};
+        for (const std::string& name : record_.nodeNames()) {
+            core::CoreNode* const present = node(name);
+            const std::string object = present ? present->getName() : std::string();
+            if (!object.empty()) state.objects[name] = object;
+        }
+        state.writeTo(masternodes);
     });
 }
 
 void Take::removed(core::CoreNode* node) {
-    present_.erase(node);
+    const auto found = known_.find(node);
+    if (found != known_.end()) found->second.present = false;
 }
 
 void Take::restored(core::CoreNode* node) {
-    guarded("restored", [&] { present_.insert(node); });
+    const auto found = known_.find(node);
+    if (found != known_.end()) found->second.present = true;
+}
+
+void Take::addNode(const std::string& name, core::CoreNode& node) {
+    node.listener = this;
+    known_[&node] = {name, true};
+    byName_.emplace(name, &node);
+}
+
+core::CoreNode* Take::node(const std::string& name) const {
+    const auto range = byName_.equal_range(name);
+    for (auto entry = range.first; entry != range.second; ++entry) {
+        // The host may reuse a dead node's place for another name's.
+        const auto found = known_.find(entry->second);
+        if (found->second.present && found->second.name == name) return entry->second;
+    }
+    return nullptr;
+}
+
+bool Take::isInScene() const {
+    return std::any_of(record_.joints.begin(), record_.joints.end(),
+                       [this](const std::string& joint) { return node(joint) != nullptr; });
+}
+
+void Take::refresh(core::AdaptorInterface& adaptor) {
+    std::vector<core::CoreNode*> owned;
+    util::ReturnInto<std::vector<core::CoreNode*>> sink(owned);
+    adaptor.getOwnedNodes(this, sink);
+    for (auto& [node, known] : known_)
+        known.present = false;
+    for (core::CoreNode* const node : owned)
+        restored(node);
+}
+
+void Take::tagNodes(core::AdaptorInterface& adaptor) {
+    tagging_ = true;
+    adaptor.tagOwnedNodes(this);
+    tagging_ = false;
 }
 
 }  // namespace qvo::zmx::mocap

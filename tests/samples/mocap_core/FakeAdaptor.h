@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/AdaptorInterface.h"
+#include "core/OptionGroup.h"
 #include "tests/samples/mocap_core/FakeNode.h"
 
 namespace qvo::zmx::mocap {
@@ -21,24 +22,29 @@ class FakeAdaptor : public core::AdaptorInterface {
     int rangeEnd = 19680;  ///< ticks; the range starts at 0
     Matrix4 lastKey{};
     std::vector<std::unique_ptr<FakeNode>> nodes;
+    util::xml::Element masternodes;  ///< as the latest tagged owner filled them
+    core::OptionGroup* options = nullptr;
 
     ~FakeAdaptor() {
         for (CUndo* record : records_)
             record->release();
     }
 
-    /// As the host does: the latest first, then the nodes leave.
-    void takeBack(bool isUndo) {
-        for (auto record = records_.rbegin(); record != records_.rend(); ++record)
-            (*record)->restore(isUndo);
-        for (auto& node : nodes)
-            node->listener->removed(node.get());
-    }
+    /// As the host does: the latest record first, then the nodes leave.
+    void undo() { takeBack(true, 0, 0); }
     void redo() {
-        for (auto& node : nodes)
+        for (auto& node : nodes) {
+            node->listed = true;
             node->listener->restored(node.get());
+        }
         for (CUndo* record : records_)
             record->redo();
+    }
+
+    /// The nodes leave with their scene; nobody is told.
+    void closeScene() {
+        for (auto& node : nodes)
+            node->listed = false;
     }
 
     unsigned int getAdaptorVersion() override { return version; }
@@ -48,13 +54,18 @@ class FakeAdaptor : public core::AdaptorInterface {
         if (!note("create " + owner->getName() + "_" + name + " under " + (parent ? parent->name : "scene")))
             return nullptr;
         nodes.push_back(std::make_unique<FakeNode>(
-            name, listener, [this](FakeNode& node, double seconds, const Matrix4& world) {
+            owner, name, listener, [this](FakeNode& node, double seconds, const Matrix4& world) {
                 lastKey = world;
-                return note("key " + node.name + " " + std::to_string(ticks(seconds))) ? 1 : 0;
+                const std::string what = seconds < 0 ? "clear " : "key ";
+                return note(what + node.name + " " + std::to_string(ticks(seconds))) ? 1 : 0;
             }));
         return nodes.back().get();
     }
-    int beginUndoGroup(const std::string& name) override { return note("begin " + name), 0; }
+    int beginUndoGroup(const std::string& name) override {
+        recordsBefore_ = records_.size();
+        nodesBefore_ = nodes.size();
+        return note("begin " + name), 0;
+    }
     int addUndoRecord(CUndo* record) override {
         if (!note("record")) return record->release(), 1;
         records_.push_back(record);
@@ -63,7 +74,9 @@ class FakeAdaptor : public core::AdaptorInterface {
     int endUndoGroup() override { return note("end") ? 0 : 1; }
     int cancelUndoGroup() override {
         note("cancel");
-        takeBack(false);
+        takeBack(false, recordsBefore_, nodesBefore_);
+        for (; records_.size() > recordsBefore_; records_.pop_back())
+            records_.back()->release();
         return 0;
     }
     void setFrameRateMultiplier(int value) override {
@@ -96,10 +109,18 @@ class FakeAdaptor : public core::AdaptorInterface {
     }
     void* emptyQuery() override { return nullptr; }
     core::CoreNode* findNode(core::Owner*, const std::string&) override { return nullptr; }
-    void tagOwnedNodes(core::Owner*) override {}
+    void tagOwnedNodes(core::Owner* owner) override {
+        masternodes.clear();
+        owner->writeState(masternodes);
+    }
     void gatherNodes() override {}
     void getCreatedNodes(NodeList&) override {}
-    void getOwnedNodes(core::Owner*, NodeList&) override {}
+    void getOwnedNodes(core::Owner* owner, NodeList& result) override {
+        std::vector<core::CoreNode*> owned;
+        for (auto& node : nodes)
+            if (node->listed && node->owner == owner) owned.push_back(node.get());
+        result.set(owned);
+    }
     void lookupNode(const std::string&, const util::xml::Element&, NodeList&) override {}
     void mergeFile(const std::string&, NodeList&) override {}
     bool isUndoRecording() override { return true; }
@@ -111,11 +132,20 @@ class FakeAdaptor : public core::AdaptorInterface {
     void enableAccelerators() override {}
     void beginKeyBatchWith(core::OwnerList&) override {}
     int flushHostUndo() override { return 0; }
-    void bindAdaptorOptions(core::OptionGroup*) override {}
+    void bindAdaptorOptions(core::OptionGroup* group) override { options = group; }
 
   private:
     int perFrame() const { return 4800 / hostRate; }
     int ticks(double seconds) const { return static_cast<int>(hostRate * seconds * perFrame()); }
+
+    void takeBack(bool isUndo, std::size_t firstRecord, std::size_t firstNode) {
+        for (std::size_t i = records_.size(); i-- > firstRecord;)
+            records_[i]->restore(isUndo);
+        for (std::size_t i = nodes.size(); i-- > firstNode;) {
+            nodes[i]->listed = false;
+            nodes[i]->listener->removed(nodes[i].get());
+        }
+    }
 
     /// False when this is the call that fails.
     bool note(const std::string& call) {
@@ -125,6 +155,8 @@ class FakeAdaptor : public core::AdaptorInterface {
 
     std::string text_ = "fake";
     std::vector<CUndo*> records_;
+    std::size_t recordsBefore_ = 0;  // when the undo group began
+    std::size_t nodesBefore_ = 0;
 };
 
 }  // namespace qvo::zmx::mocap

@@ -97,6 +97,19 @@ TEST(FrameGrid, SecondsNeverLandATickEarly) {
     EXPECT_GT(early, 0);
 }
 
+TEST(FrameGrid, LaterClipsStartOnTheNextHostFrame) {
+    const struct {
+        std::int64_t earliest, first, last;
+    } cases[] = {{0, 0, 80}, {1, 40, 120}, {80, 80, 160}, {2147483000, 2147483000, 2147483080}};
+    for (const auto& row : cases) {
+        const FrameGrid grid(30, 1.0 / 120, 3, row.earliest);
+        EXPECT_EQ(grid.firstTick(), row.first);
+        EXPECT_EQ(grid.lastTick(), row.last);
+        EXPECT_EQ(ticksFromSeconds(grid.rate(), grid.lastSecond()), row.last);
+    }
+    EXPECT_THROW(FrameGrid(30, 1.0 / 120, 3, 2147483600), std::runtime_error);
+}
+
 TEST(FrameGrid, ImpossibleGridsAreRefused) {
     const struct {
         double userRate, frameTime;

@@ -6,15 +6,12 @@
 #include <sstream>
 
 #include "tests/samples/mocap_core/FakeAdaptor.h"
+#include "tests/samples/mocap_core/SmallClip.h"
+#include "util/Log.h"
 #include "util/xml/Tag.h"
 
 namespace qvo::zmx::mocap {
 namespace {
-
-constexpr char kWalk[] =
-    "HIERARCHY\nROOT Hips\n{\nOFFSET 0 0 0\nCHANNELS 1 Yposition\n"
-    "JOINT Leg\n{\nOFFSET 0 -10 0\nCHANNELS 0\n}\n}\n"
-    "MOTION\nFrames: 2\nFrame Time: .0083333\n100\n101\n";
 
 constexpr char kBake[] =
     "begin Load motion clip walk; create walk_Hips under scene; create walk_Leg under Hips; record; "
@@ -25,7 +22,7 @@ class MocapCoreTest : public ::testing::Test {
   protected:
     MocapCoreTest() : folder_(::testing::TempDir()) {
         adaptor.settingsPath = folder_ + "mocap_settings.xml";
-        write("walk.bvh", kWalk);
+        write("walk.bvh", kSmallClip);
         writeSettings("<clip>walk.bvh</clip>");
         core = MocapCore::attach(&adaptor);
     }
@@ -49,10 +46,22 @@ class MocapCoreTest : public ::testing::Test {
             line.erase(at, folder_.size());
         return line;
     }
-    std::string savedState() const {
+    util::xml::Element savedState() const {
         util::xml::Tag state("");
         core->saveState(state);
-        return state.toString();
+        return state;
+    }
+    /// The names of the takes that the scene's state lists, a blank after each.
+    std::string namesInScene() const {
+        std::string names;
+        for (const util::xml::Element* take : savedState().children)
+            names += take->textOf("name") + " ";
+        return names;
+    }
+    /// What the latest take writes into the scene.
+    std::string tags() const {
+        savedState();
+        return adaptor.masternodes.toString();
     }
 
     FakeAdaptor adaptor;
@@ -69,19 +78,20 @@ TEST_F(MocapCoreTest, BakesParentsFirstInOneUndoGroup) {
     for (const auto& node : adaptor.nodes) {
         EXPECT_EQ(node->acquired, 2);
         EXPECT_EQ(node->borrowed, 0);
+        EXPECT_EQ(node->shownFaces, 8u);
     }
 }
 
 TEST_F(MocapCoreTest, UndoAndRedoCarryGridAndRange) {
     startAndReport();
-    adaptor.takeBack(true);
+    adaptor.undo();
     EXPECT_EQ(adaptor.hostRate, 30);
     EXPECT_EQ(adaptor.rangeEnd, 19680);
-    EXPECT_EQ(savedState(), "<ZMK_Mocap/>");
+    EXPECT_EQ(savedState().toString(), "<ZMK_Mocap/>");
     adaptor.redo();
     EXPECT_EQ(adaptor.hostRate, 120);
     EXPECT_EQ(adaptor.rangeEnd, 40);
-    EXPECT_NE(savedState(), "<ZMK_Mocap/>");
+    EXPECT_EQ(namesInScene(), "walk ");
 }
 
 TEST_F(MocapCoreTest, FailureCancelsEverything) {
@@ -103,7 +113,7 @@ TEST_F(MocapCoreTest, FailureCancelsEverything) {
                   adaptor.calls.find("keys off; cancel") != std::string::npos);
         EXPECT_EQ(adaptor.multiplier, 1);
         EXPECT_EQ(adaptor.rangeEnd, 19680);
-        EXPECT_EQ(savedState(), "<ZMK_Mocap/>");
+        EXPECT_EQ(savedState().toString(), "<ZMK_Mocap/>");
     }
 }
 
@@ -139,37 +149,108 @@ TEST_F(MocapCoreTest, FurtherTakesStandBesideTheFirst) {
     EXPECT_DOUBLE_EQ(adaptor.lastKey.m[3][1], 9.1);
 }
 
-TEST_F(MocapCoreTest, StateComesBackFromTheScene) {
+TEST_F(MocapCoreTest, TakesAreEditedInOneUndoGroup) {
     startAndReport();
-    const std::string saved = savedState();
-    core->sceneClosing();
-    EXPECT_EQ(adaptor.multiplier, 1);
-    EXPECT_EQ(savedState(), "<ZMK_Mocap/>");
-
-    util::xml::Element state(saved);
-    core->loadState(state);
-    EXPECT_EQ(adaptor.multiplier, 4);
-    EXPECT_EQ(savedState(), saved);
-
-    core->sceneClosing();
-    adaptor.hostRate = 120;  // a host that keeps its frame rate in the scene
-    core->loadState(state);
-    EXPECT_EQ(adaptor.hostRate, 120);
-    EXPECT_EQ(savedState(), saved);
+    writeSettings(
+        "<edit take='walk'><extend>walk.bvh</extend><rename>run</rename></edit><edit "
+        "take='run'><bake/></edit>");
+    adaptor.nodes[1]->hostName = "knee";
+    adaptor.calls.clear();
+    EXPECT_EQ(startAndReport(), "ok joints=6 frames=6 keys=12 multiplier=4\n");
+    const std::string first =
+        "record; multiplier 4; range 0 120; keys on; key Hips 0; key Leg 0; key Hips 40; "
+        "key Leg 40; keys off; ";
+    const std::string second =
+        "record; multiplier 4; range 0 120; keys on; key Hips 80; key Leg 80; "
+        "key Hips 120; key Leg 120; keys off; ";
+    EXPECT_EQ(adaptor.calls, "begin Edit motion takes; record; " + second +
+                                 "record; record; clear Hips -4800; clear Leg -4800; " + first + second +
+                                 "end; redraw");
+    EXPECT_EQ(adaptor.nodes[0]->hostName, "run_Hips");
+    EXPECT_EQ(adaptor.nodes[1]->hostName, "knee") << "the user's own name stays";
+    EXPECT_EQ(namesInScene(), "run ");
 }
 
-TEST_F(MocapCoreTest, DamagedStateIsDroppedRecordByRecord) {
-    util::xml::Element state(
-        "<ZMK_Mocap>text<clip/><clip frameTime='0.1' frames='2' metresPerUnit='1' multiplier='0' "
-        "userRate='30'/>"
-        "<clip frameTime='inf' frames='2' metresPerUnit='1' multiplier='1' userRate='30'/>"
-        "<clip frameTime='0.1' frames='2' metresPerUnit='1' multiplier='1' "
-        "userRate='30'><name>a</name></clip>"
-        "</ZMK_Mocap>");
-    core->loadState(state);
-    util::xml::Element saved(savedState());
-    ASSERT_EQ(saved.children.size(), 1u);
-    EXPECT_EQ(saved.children[0]->textOf("name"), "a");
+TEST_F(MocapCoreTest, UndoneEditsLeaveTheTakeAsItWas) {
+    startAndReport();
+    const std::string before = tags();
+    writeSettings("<edit take='walk'><rename>run</rename><extend>walk.bvh</extend></edit>");
+    adaptor.failAt = "key Hips 120";
+    EXPECT_NE(startAndReport().find("the host refused frame 2"), std::string::npos);
+    EXPECT_EQ(tags(), before);
+}
+
+TEST_F(MocapCoreTest, EditsThatCannotBeMadeAreRefused) {
+    write("other.bvh", std::string(kSmallClip).replace(std::string(kSmallClip).find("Leg"), 3, "Arm"));
+    startAndReport();
+    const struct {
+        const char* settings;
+        const char* report;
+    } cases[] = {
+        {"<edit take='run'><bake/></edit>", "error mocap_settings.xml:0: the scene has no take \"run\"\n"},
+        {"<edit take='walk'><extend>other.bvh</extend></edit>",
+         "error other.bvh:0: the clip's joints are not those of take \"walk\"\n"},
+        {"<edit take='walk'><grow/></edit>",
+         "error mocap_settings.xml:0: a take cannot be changed by \"grow\"\n"},
+        {"<edit take='walk'><rename/></edit>",
+         "error mocap_settings.xml:0: rename of take \"walk\" says nothing\n"},
+        {"<merge>models.zms</merge>", "error models.zms:0: the host merged nothing from this scene\n"},
+        {"<camera>Camera01</camera>",
+         "error mocap_settings.xml:0: no merged scene has brought a camera \"Camera01\"\n"},
+        {"<option id='1027' value='1'/>",
+         "error mocap_settings.xml:0: the value \"1\" of option 1027 is neither on nor off\n"},
+        {"<option id='x' value='on'/>", "error mocap_settings.xml:0: option id \"x\" is not a number\n"},
+        {"<convertAll/>", "error mocap_settings.xml:0: the adaptor has no button 1028\n"},
+    };
+    for (const auto& row : cases) {
+        writeSettings(row.settings);
+        EXPECT_EQ(startAndReport(), row.report);
+        EXPECT_EQ(namesInScene(), "walk ") << row.settings;
+    }
+}
+
+TEST_F(MocapCoreTest, ImportsKeepTheTakesThatAClosedSceneLoses) {
+    startAndReport();
+    core->sceneClosing();
+    EXPECT_EQ(adaptor.multiplier, 1);
+    EXPECT_EQ(namesInScene(), "walk ") << "the scene stayed";
+    EXPECT_EQ(adaptor.multiplier, 4);
+
+    core->sceneClosing();
+    core->sceneClosing();
+    adaptor.closeScene();
+    EXPECT_EQ(namesInScene(), "");
+    EXPECT_EQ(adaptor.multiplier, 1);
+}
+
+TEST_F(MocapCoreTest, StatesThatDoNotComeBackAreNamed) {
+    const struct {
+        const char* state;
+        const char* named;  // by the next lines of the log; empty for none
+    } cases[] = {
+        {"<ZMK/>", ""},
+        {"<ZMK_Mocap><take id='1'><name>gone</name></take>text<clip/></ZMK_Mocap>", ""},
+        {"<ZMK/>", ""},  // of older data
+        {"<ZMK/>", "Take \"gone\" is named by the scene and has not come back"},
+        {"<ZMK/>", ""},
+        {"<Other/>", "a state that this core does not know: Other"},
+        {"<ZMK>text<ZMK_Plugin version='2.5'><type>x</type></ZMK_Plugin></ZMK>",
+         "does not know: <ZMK_Plugin"},
+        {"<ZMK><ZMK_Plugin type='mocap clip'/></ZMK>", "does not know: <ZMK_Plugin"},
+        {"<ZMK><ZMK_Plugin type='mocap take'><name>1</name></ZMK_Plugin></ZMK>", "cannot be read"},
+        {"<ZMK><ZMK_Plugin type='mocap take' multiplier='1' userRate='30'><name>1</name><joint><name>Hips"
+         "</name><object>a</object></joint></ZMK_Plugin></ZMK>",
+         "Take \"take\" is dropped: none of its nodes is left"},
+    };
+    for (const auto& row : cases) {
+        const std::size_t logged = util::Log::contents().size();
+        util::xml::Element state(row.state);
+        core->loadState(state);
+        const std::string lines = util::Log::contents().substr(logged);
+        EXPECT_EQ(lines.empty(), *row.named == '\0') << lines;
+        EXPECT_NE(lines.find(row.named), std::string::npos) << row.state;
+        EXPECT_EQ(namesInScene(), "");
+    }
 }
 
 TEST_F(MocapCoreTest, OtherAdaptorsAreRefused) {

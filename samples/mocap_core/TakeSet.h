@@ -1,0 +1,44 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/AdaptorInterface.h"
+#include "samples/mocap_core/Take.h"
+#include "util/xml/Element.h"
+
+namespace qvo::zmx::mocap {
+
+/// All takes since the core was attached, those that undo can bring back included. Takes of scenes that were
+/// closed stay too: the adaptor may refer to them until the core is detached. What counts for everybody else
+/// are the takes that are in the scene now.
+class TakeSet {
+  public:
+    Take& add(std::unique_ptr<Take> take);
+
+    /// Destroys a take that no node refers to.
+    void remove(const Take& take);
+
+    /// In order of creation.
+    std::vector<Take*> inScene() const;
+
+    /// The latest take of the scene, or null.
+    Take* latest() const;
+    Take* findByName(const std::string& name) const;
+    Take* findById(const std::string& id) const;
+
+    /// `wanted`, or `wanted` with "-2", "-3", ... where the scene has a take of that name.
+    std::string uniqueName(const std::string& wanted) const;
+
+    /// Asks the adaptor anew which takes are left.
+    void refresh(core::AdaptorInterface& adaptor) const;
+
+    /// Writes the takes of the scene into tags on their nodes.
+    void tagNodes(core::AdaptorInterface& adaptor) const;
+
+  private:
+    std::vector<std::unique_ptr<Take>> takes_;
+};
+
+}  // namespace qvo::zmx::mocap
