@@ -1,74 +1,19 @@
 // Compares the evaluation of clips with that of an independent importer, on real clips and on every order of
 // rotation channels.
 
-#include <assimp/postprocess.h>
-#include <assimp/scene.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <assimp/Importer.hpp>
 #include <cmath>
 #include <fstream>
-#include <map>
 #include <sstream>
 
 #include "samples/mocap_core/bvh/BvhReader.h"
 #include "samples/mocap_core/bvh/Skeleton.h"
+#include "tests/support/ClipJudge.h"
 
 namespace qvo::zmx::mocap {
 namespace {
-
-/// The importer's animation: a node tree with one position and one rotation key per node and frame.
-class Judge {
-  public:
-    explicit Judge(const std::string& text) {
-        scene_ = importer_.ReadFileFromMemory(text.data(), text.size(), 0, "bvh");
-        if (scene_ == nullptr || scene_->mNumAnimations != 1) return;
-        const aiAnimation& animation = *scene_->mAnimations[0];
-        for (unsigned i = 0; i < animation.mNumChannels; ++i)
-            channels_[animation.mChannels[i]->mNodeName.C_Str()] = animation.mChannels[i];
-    }
-
-    std::size_t nodeCount() const { return channels_.size(); }
-
-    /// World matrices by node name, column vectors.
-    std::map<std::string, aiMatrix4x4t<double>> worldAt(unsigned frame) const {
-        std::map<std::string, aiMatrix4x4t<double>> world;
-        place(*scene_->mRootNode, aiMatrix4x4t<double>(), frame, world);
-        return world;
-    }
-
-  private:
-    void place(const aiNode& node, const aiMatrix4x4t<double>& parent, unsigned frame,
-               std::map<std::string, aiMatrix4x4t<double>>& world) const {
-        const auto channel = channels_.find(node.mName.C_Str());
-        const aiMatrix4x4t<double> here =
-            parent *
-            (channel == channels_.end() ? widened(node.mTransformation) : keyed(*channel->second, frame));
-        world[node.mName.C_Str()] = here;
-        for (unsigned i = 0; i < node.mNumChildren; ++i)
-            place(*node.mChildren[i], here, frame, world);
-    }
-
-    static aiMatrix4x4t<double> widened(const aiMatrix4x4& m) {
-        return {m.a1, m.a2, m.a3, m.a4, m.b1, m.b2, m.b3, m.b4,
-                m.c1, m.c2, m.c3, m.c4, m.d1, m.d2, m.d3, m.d4};
-    }
-
-    static aiMatrix4x4t<double> keyed(const aiNodeAnim& channel, unsigned frame) {
-        const aiVector3D& p = channel.mPositionKeys[std::min(frame, channel.mNumPositionKeys - 1)].mValue;
-        const aiQuaternion& q = channel.mRotationKeys[frame].mValue;
-        aiMatrix4x4t<double> m(aiQuaterniont<double>(q.w, q.x, q.y, q.z).GetMatrix());
-        m.a4 = p.x;
-        m.b4 = p.y;
-        m.c4 = p.z;
-        return m;
-    }
-
-    Assimp::Importer importer_;
-    const aiScene* scene_ = nullptr;
-    std::map<std::string, const aiNodeAnim*> channels_;
-};
 
 double heightOf(const std::vector<Matrix4>& world) {
     const auto [low, high] = std::minmax_element(
@@ -77,7 +22,7 @@ double heightOf(const std::vector<Matrix4>& world) {
 }
 
 /// The largest difference of one joint's matrices: rotation entries as they are, positions over `height`.
-double difference(const Matrix4& ours, const aiMatrix4x4t<double>& theirs, double height) {
+double difference(const Matrix4& ours, const ClipJudge::Matrix& theirs, double height) {
     double largest = 0.0;
     for (unsigned row = 0; row < 4; ++row) {
         for (unsigned column = 0; column < 3; ++column) {
@@ -90,7 +35,7 @@ double difference(const Matrix4& ours, const aiMatrix4x4t<double>& theirs, doubl
 
 void expectAgreement(const std::string& text, double metresPerUnit) {
     const Clip clip = BvhReader::parse(text, "clip");
-    const Judge judge(text);
+    const ClipJudge judge(text);
     ASSERT_GE(judge.nodeCount(), clip.joints.size());
     const Skeleton skeleton(clip, metresPerUnit);
     std::vector<Matrix4> world;
@@ -102,7 +47,7 @@ void expectAgreement(const std::string& text, double metresPerUnit) {
         skeleton.evaluate(frame, world);
         const auto judged = judge.worldAt(static_cast<unsigned>(frame));
         for (std::size_t i = 0; i < world.size(); ++i) {
-            aiMatrix4x4t<double> theirs = judged.at(clip.joints[i].name);
+            ClipJudge::Matrix theirs = judged.at(clip.joints[i].name);
             theirs.a4 *= metresPerUnit;
             theirs.b4 *= metresPerUnit;
             theirs.c4 *= metresPerUnit;
