@@ -8,11 +8,12 @@
 #   DEST/logs/                                               where plug-in and core mirror their logs
 #   DEST/report.txt                                          written by the core after each start
 #
-# What DEST held before is removed, unless it is no such installation: then nothing is done.
+# What DEST held before is removed, unless it is no such installation: then nothing is done. DRIVE, such as Z:,
+# is what the product's files call the root folder, for a build that runs under Wine.
 set -euo pipefail
 
 usage() {
-    echo "usage: ${0##*/} BUILD_DIR DEST CLIP" >&2
+    echo "usage: ${0##*/} BUILD_DIR DEST CLIP [DRIVE]" >&2
     exit 1
 }
 
@@ -26,11 +27,12 @@ registry_text() {
     printf '%s' "$1" | sed -e 's/[\\"]/\\&/g'
 }
 
-[ $# -eq 3 ] || usage
+[ $# -eq 3 ] || [ $# -eq 4 ] || usage
 for argument in "$@"; do [ -n "$argument" ] || usage; done
 build=$(realpath -m -- "$1")
 dest=$(realpath -m -- "$2")
 clip=$(realpath -m -- "$3")
+drive=${4:-}
 
 if [ -e "$dest" ] && [ ! -d "$dest/kestrelstudio" ] && [ -n "$(ls -A -- "$dest")" ]; then
     echo "${0##*/}: $dest holds something other than an installation" >&2
@@ -47,10 +49,10 @@ cp -- "$build/bin/zorva_kestrel.gup" "$plugins/zorva_kestrel.gup"
 cat >"$core/layout/zmx_maxconfig.xml" <<XML
 <?xml version="1.0"?>
 <zmx_config>
-    <clip>$(xml_text "$clip")</clip>
+    <clip>$(xml_text "$drive$clip")</clip>
     <metresPerUnit>0.01</metresPerUnit>
-    <report>$(xml_text "$dest/report.txt")</report>
-    <log>$(xml_text "$dest/logs/core.log")</log>
+    <report>$(xml_text "$drive$dest/report.txt")</report>
+    <log>$(xml_text "$drive$dest/logs/core.log")</log>
 </zmx_config>
 XML
 
@@ -58,6 +60,6 @@ cat >"$dest/installation.reg" <<REG
 REGEDIT4
 
 [HKEY_LOCAL_MACHINE\\SOFTWARE\\Wow6432Node\\Zorva Animations]
-"path"="$(registry_text "$dest")"
-"log"="$(registry_text "$dest/logs/adaptor.log")"
+"path"="$(registry_text "$drive$dest")"
+"log"="$(registry_text "$drive$dest/logs/adaptor.log")"
 REG

@@ -27,7 +27,8 @@ mkdir "a folder.bvh"
 expect missing_clip 1 "no such & <clip>.bvh" "no such & <clip>.bvh"
 expect folder_as_clip 1 "a folder.bvh" "a folder.bvh" --out out
 expect missing_clip_with_dash 1 "-x.bvh" -- -x.bvh
-expect unknown_option 0 "usage:" --windows
+expect unknown_option 0 "usage:" --macintosh
+expect missing_clip_windows 1 "no such.bvh" --windows "no such.bvh"
 expect two_clips 0 "usage:" a.bvh b.bvh
 expect out_without_folder 0 "usage:" --out
 expect empty_out 0 "usage:" --out ""
