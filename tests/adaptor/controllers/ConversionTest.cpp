@@ -190,6 +190,21 @@ TEST_F(Conversion, AllWhileUndoIsDisabled) {
     EXPECT_EQ(ControlListEntry<ScalarControl>::last(), nullptr);
 }
 
+/// Each conversion is an entry of its own; the entries that fall out take what only they kept alive with
+/// them.
+TEST_F(Conversion, AllWhileTheUndoListRunsOver) {
+    install();
+    hold([&] { node().SetTMController(NewDefaultMatrix3Controller()); });
+    std::vector<INode*> nodes;
+    for (int i = 0; i < 30; ++i) {
+        nodes.push_back(GetCOREInterface()->CreateObjectNode(new ParameterObject));
+        installTransformControl(*nodes.back());
+    }
+    convertAllTransformControls();
+    for (INode* const each : nodes)
+        EXPECT_EQ(each->GetTMController()->ClassID(), kPrs);
+}
+
 TEST_F(Conversion, ByTheButtonInTheMotionPanel) {
     bakeNode();
     GetCOREInterface()->SelectNode(&node());

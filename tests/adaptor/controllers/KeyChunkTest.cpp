@@ -82,8 +82,8 @@ TEST_F(KeyChunk, EqualBakesGiveEqualBytes) {
     plain.SetIdentFlags(0);
     Used<TransformControl> one;
     Used<TransformControl> other;
-    animated([&] { setWorld(*one, 10, hinted); });
-    animated([&] { setWorld(*other, 10, plain); });
+    one->setKey({0, 10, hinted});
+    other->setKey({0, 10, plain});
     EXPECT_EQ(saved(one), saved(other));
 }
 

@@ -92,6 +92,10 @@ TEST_F(TransformControlTest, ChangeOfParentKeepsTheWorldTransform) {
 
     Used<TransformControl> still;
     setWorld(*still, 0, a, parent);
+    theHold.Begin();
+    still->ChangeParents(0, parent, newParent, a);
+    theHold.Cancel();
+    EXPECT_SAME_TRANSFORM(worldAt(*still, 55, parent), a);
     still->ChangeParents(0, parent, newParent, a);
     EXPECT_SAME_TRANSFORM(worldAt(*still, 55, newParent), a);
 }
