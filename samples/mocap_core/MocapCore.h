@@ -3,7 +3,7 @@
 #include <string>
 
 #include "core/AdaptorInterface.h"
-#include "samples/mocap_core/ReservedSlots.h"
+#include "core/ReservedSlots.h"
 #include "samples/mocap_core/SceneGrid.h"
 #include "samples/mocap_core/Settings.h"
 #include "samples/mocap_core/TakeList.h"
@@ -23,7 +23,7 @@ namespace qvo::zmx::mocap {
 /// The scene keeps the takes in tags on their nodes (see TakeState), written whenever it is saved and when
 /// the core is detached, and a list of them in an element of its own (see TakeList). No exception leaves any
 /// slot.
-class MocapCore final : public ReservedSlots {
+class MocapCore final : public core::ReservedSlots {
   public:
     /// The version that core and adaptor must share.
     static constexpr unsigned int kVersion = 9201;

@@ -51,7 +51,6 @@ void TakeRestorer::restoreTake(TakeState state) {
     const std::string name = takes_.uniqueName(state.record.name);
     TakeRecord record = state.record;
     record.name = name;
-    if (isPresent) record.id = TakeRecord::freshId();
     Take& take = takes_.add(std::make_unique<Take>(std::move(record)));
 
     const Claims claims = claimNodes(take, state);

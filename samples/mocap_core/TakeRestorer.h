@@ -18,9 +18,9 @@ namespace qvo::zmx::mocap {
 /// A gathered take and one that the scene has already are the same take when their ids are equal. It is then
 /// the nodes that decide. All of them are wrapped already: the take itself was gathered, because it had been
 /// saved before, and nothing happens. Some are free: they came beside it, from a scene that holds the same
-/// take and was merged, so they are another take, which gets an id of its own. Takes of different ids are
-/// different takes whatever they are called. A take that comes under a name in use gets another name, and so
-/// do its nodes.
+/// take and was merged, so they are another take, which gets an id of its own at the next save. Takes of
+/// different ids are different takes whatever they are called. A take that comes under a name in use gets
+/// another name, and so do its nodes.
 class TakeRestorer {
   public:
     TakeRestorer(core::AdaptorInterface& adaptor, TakeSet& takes, SceneGrid& grid)

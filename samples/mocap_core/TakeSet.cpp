@@ -59,7 +59,6 @@ void TakeSet::refresh(core::AdaptorInterface& adaptor) const {
 void TakeSet::tagNodes(core::AdaptorInterface& adaptor) const {
     std::unordered_set<std::string> met;
     for (Take* const take : inScene()) {
-        // Undo can bring a take back beside the copy of it that a merge has brought meanwhile.
         if (!met.insert(take->record().id).second) take->setId(TakeRecord::freshId());
         take->tagNodes(adaptor);
     }

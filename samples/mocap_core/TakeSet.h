@@ -34,7 +34,8 @@ class TakeSet {
     /// Asks the adaptor anew which takes are left.
     void refresh(core::AdaptorInterface& adaptor) const;
 
-    /// Writes the takes of the scene into tags on their nodes.
+    /// Writes the takes of the scene into tags on their nodes. Of takes that share an id, since one is a copy
+    /// of the other, the later gets an id of its own.
     void tagNodes(core::AdaptorInterface& adaptor) const;
 
   private:

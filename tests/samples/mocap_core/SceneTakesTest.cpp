@@ -95,7 +95,7 @@ TEST_F(SceneTakes, OfOneNameFromTwoScenesStayApart) {
     EXPECT_EQ(claimedNodes(), "walk_Hips walk_Leg walk-2_Hips walk-2_Leg ");
 }
 
-TEST_F(SceneTakes, SurviveImportsAndDetaching) {
+TEST_F(SceneTakes, SurviveImports) {
     ASSERT_EQ(start("<clip>walk.bvh</clip>"), "ok");
     const int rate = GetFrameRate();
     BroadcastNotification(NOTIFY_PRE_IMPORT);
@@ -105,7 +105,11 @@ TEST_F(SceneTakes, SurviveImportsAndDetaching) {
     BroadcastNotification(NOTIFY_PRE_IMPORT);
     BroadcastNotification(NOTIFY_IMPORT_FAILED);
     ASSERT_EQ(start("<edit take='walk'><bake/></edit>"), "ok");
+}
 
+TEST_F(SceneTakes, AreTakenUpByTheNextCore) {
+    ASSERT_EQ(start("<clip>walk.bvh</clip>"), "ok");  // and nothing is saved
+    const int rate = GetFrameRate();
     manager().detachCore();
     EXPECT_EQ(createdNodes().size(), 0u);
     manager().loadCore();
