@@ -6,13 +6,13 @@
 #include <vector>
 
 #include "adaptor/max/plugin/UtilityManager.h"
-#include "samples/mocap_core/ReservedSlots.h"
+#include "core/ReservedSlots.h"
 
 namespace qvo::zmx::adaptor::max {
 
 /// A core, attached for its lifetime, that notes what it is told about states and options. What it does with
 /// a state is up to the test.
-class TestCoreObject final : public mocap::ReservedSlots {
+class TestCoreObject final : public core::ReservedSlots {
   public:
     TestCoreObject() { UtilityManager::instance().core = this; }
     ~TestCoreObject() { UtilityManager::instance().core = nullptr; }

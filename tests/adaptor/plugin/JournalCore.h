@@ -5,13 +5,13 @@
 #include <string>
 #include <utility>
 
-#include "samples/mocap_core/ReservedSlots.h"
+#include "core/ReservedSlots.h"
 #include "util/xml/Tag.h"
 
 namespace qvo::zmx::test {
 
 /// A core that notes every call it gets, one line each. A note that throws makes the core throw.
-class JournalCore final : public mocap::ReservedSlots {
+class JournalCore final : public core::ReservedSlots {
   public:
     using Note = std::function<void(const std::string&)>;
 
