@@ -19,9 +19,6 @@ class OptionStore {
     bool value(unsigned int id) const;
     void setValue(unsigned int id, bool value) { values_[id] = value; }
 
-    /// What was stored, in ascending order of the ids.
-    const std::map<unsigned int, bool>& stored() const { return values_; }
-
   private:
     std::map<unsigned int, bool> values_;
 };

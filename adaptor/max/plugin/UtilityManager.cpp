@@ -102,14 +102,6 @@ void UtilityManager::startCore() {
         core->setOption(kOptimizedControllerOption, 1);
         core->setOption(kDynamicMeshesOption, 0);
     });
-    // The two calls tell the defaults; what the user chose before an earlier detach follows.
-    guarded("optionChanged", [this] {
-        for (const auto& [id, chosen] : options_.stored()) {
-            if (chosen == OptionStore::defaultValue(id)) continue;
-            const int value = chosen ? 1 : 0;
-            core->optionChanged(id, &value);
-        }
-    });
 }
 
 int UtilityManager::detachCore() {

@@ -155,15 +155,6 @@ TEST_F(CoreLifecycle, ACoreThatThrowsIsStillAttached) {
     EXPECT_EQ(journal(), kStarted);
 }
 
-TEST_F(CoreLifecycle, ChosenOptionsFollowTheDefaults) {
-    TestInstallation installation(kCompleteCore);
-    manager_.options().setValue(kDynamicMeshesOption, true);
-    manager_.options().setValue(kOptimizedControllerOption, true);
-    EXPECT_EQ(manager_.loadCore(), 0);
-    EXPECT_EQ(journal(), std::string(kStarted) + "; optionChanged 1030 1");
-    manager_.options() = OptionStore();
-}
-
 TEST_F(CoreLifecycle, SupportSwitchMirrorsTheLogToItsEnd) {
     const std::string file = (TestInstallation::root() / "support.txt").string();
     TestInstallation installation(kCompleteCore);
