@@ -1,7 +1,7 @@
 #pragma once
 
-/// The host's headers, bracketed: the one place to quiet their warnings and to take back macros that would rename
-/// our own names. Product sources include this header and none of the host's own.
+/// The host's headers, bracketed: the one place to quiet their warnings and to take back macros that would
+/// rename our own names. Product sources include this header and none of the host's own.
 
 #if defined(__GNUC__)
 #pragma GCC diagnostic push

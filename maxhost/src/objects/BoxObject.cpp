@@ -6,7 +6,7 @@ namespace maxhost {
 
 namespace {
 
-constexpr ParameterSpec kSpecs[BoxObject::kParameterCount] = {
+constexpr ParameterDefinition kDefinitions[BoxObject::kParameterCount] = {
     {_T("Length"), 25}, {_T("Width"), 25}, {_T("Height"), 25}};
 
 /// Corners of each side, counter-clockwise seen from outside. Bit 0 of a corner's number: right, bit 1: back,
@@ -16,7 +16,7 @@ constexpr int kSides[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4},
 
 }  // namespace
 
-BoxObject::BoxObject(bool withControls) : Primitive(kSpecs, kParameterCount) {
+BoxObject::BoxObject(bool withControls) : Primitive(kDefinitions, kParameterCount) {
     if (withControls) parameters().makeControls();
 }
 

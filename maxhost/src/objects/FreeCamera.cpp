@@ -10,8 +10,8 @@ namespace maxhost {
 
 namespace {
 
-constexpr ParameterSpec kSpecs[FreeCamera::kParameterCount] = {{_T("FOV"), 0.785398163f},
-                                                               {_T("Target Distance"), 160}};
+constexpr ParameterDefinition kDefinitions[FreeCamera::kParameterCount] = {{_T("FOV"), 0.785398163f},
+                                                                           {_T("Target Distance"), 160}};
 
 /// Stored in scene files; never change it.
 constexpr USHORT kSettingsChunk = 0x0210;
@@ -36,7 +36,7 @@ struct HalfPicture {
 
 }  // namespace
 
-FreeCamera::FreeCamera(bool withControls) : Parametric(kSpecs, kParameterCount) {
+FreeCamera::FreeCamera(bool withControls) : Parametric(kDefinitions, kParameterCount) {
     if (withControls) parameters().makeControls();
 }
 

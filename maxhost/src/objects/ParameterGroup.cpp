@@ -39,7 +39,7 @@ void ParameterGroup::adopt(int i, RefTargetHandle control) {
 void ParameterGroup::makeControls() {
     for (int i = 0; i < count_; ++i) {
         Control* const control = NewDefaultFloatController();
-        float initial = specs_[i].initial;
+        float initial = definitions_[i].initial;
         {
             const HoldSuspend suspend;
             control->SetValue(0, &initial, 0, CTRL_ABSOLUTE);
@@ -55,9 +55,9 @@ void ParameterGroup::cloneControls(const ParameterGroup& from, RemapDir& remap) 
 
 float ParameterGroup::value(int i, TimeValue t, Interval& valid) const {
     if (!has(i)) return 0;
-    float result = specs_[i].initial;
+    float result = definitions_[i].initial;
     if (Control* const from = control(i)) from->GetValue(t, &result, valid, CTRL_ABSOLUTE);
-    return std::isfinite(result) ? result : specs_[i].initial;
+    return std::isfinite(result) ? result : definitions_[i].initial;
 }
 
 void ParameterGroup::setValue(int i, TimeValue t, float value) {

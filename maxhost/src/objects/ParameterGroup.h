@@ -7,7 +7,7 @@
 namespace maxhost {
 
 /// An animatable number of an object.
-struct ParameterSpec {
+struct ParameterDefinition {
     const TCHAR* name;
     float initial;
 };
@@ -20,9 +20,9 @@ class ParameterGroup final : public Animatable {
     static constexpr const TCHAR* kName = _T("Parameters");
     static constexpr int kMost = 3;
 
-    /// `specs` must outlive the group.
-    ParameterGroup(ReferenceTarget& owner, const ParameterSpec* specs, int count)
-        : owner_(owner), specs_(specs), count_(count) {}
+    /// `definitions` must outlive the group.
+    ParameterGroup(ReferenceTarget& owner, const ParameterDefinition* definitions, int count)
+        : owner_(owner), definitions_(definitions), count_(count) {}
     ~ParameterGroup() override = default;
 
     // Animatable
@@ -31,7 +31,7 @@ class ParameterGroup final : public Animatable {
     SClass_ID SuperClassID() override { return PARAMETER_BLOCK_CLASS_ID; }
     int NumSubs() override { return count_; }
     Animatable* SubAnim(int i) override { return control(i); }
-    TSTR SubAnimName(int i) override { return has(i) ? TSTR(specs_[i].name) : TSTR(); }
+    TSTR SubAnimName(int i) override { return has(i) ? TSTR(definitions_[i].name) : TSTR(); }
     /// FALSE for anything but a float controller. Recorded while holding.
     BOOL AssignController(Animatable* control, int subAnim) override;
     int SubNumToRefNum(int subNum) override { return has(subNum) ? subNum : -1; }
@@ -56,7 +56,7 @@ class ParameterGroup final : public Animatable {
     void adopt(int i, RefTargetHandle control);
 
     ReferenceTarget& owner_;
-    const ParameterSpec* specs_;
+    const ParameterDefinition* definitions_;
     int count_;
     std::array<Control*, kMost> controls_{};
 };

@@ -42,7 +42,7 @@ class Parametric : public Base {
     }
 
   protected:
-    Parametric(const ParameterSpec* specs, int count) : parameters_(*this, specs, count) {}
+    Parametric(const ParameterDefinition* definitions, int count) : parameters_(*this, definitions, count) {}
     ~Parametric() override = default;
 
     ParameterGroup& parameters() { return parameters_; }

@@ -14,7 +14,7 @@ class Primitive : public Parametric<Shown<GeomObject, Mesh>> {
     Object* ConvertToType(TimeValue t, Class_ID type) override;
 
   protected:
-    Primitive(const ParameterSpec* specs, int count) : Parametric(specs, count) {}
+    Primitive(const ParameterDefinition* definitions, int count) : Parametric(definitions, count) {}
     ~Primitive() override = default;
 
     Mesh& figureAt(TimeValue t, ViewExp* view) override;

@@ -6,7 +6,7 @@ namespace maxhost {
 
 namespace {
 
-constexpr ParameterSpec kSpecs[SphereObject::kParameterCount] = {{_T("Radius"), 25}};
+constexpr ParameterDefinition kDefinitions[SphereObject::kParameterCount] = {{_T("Radius"), 25}};
 constexpr int kAround = 32, kRings = kAround / 2 - 1;
 constexpr int kNorth = kRings * kAround, kSouth = kNorth + 1;
 
@@ -22,7 +22,7 @@ void setFace(Face& face, int a, int b, int c, bool lastEdgeVisible) {
 
 }  // namespace
 
-SphereObject::SphereObject(bool withControls) : Primitive(kSpecs, kParameterCount) {
+SphereObject::SphereObject(bool withControls) : Primitive(kDefinitions, kParameterCount) {
     if (withControls) parameters().makeControls();
 }
 
