@@ -332,7 +332,13 @@ TEST_F(SceneTest, RandomEditsAreUndoneStepByStep) {
                 break;
         }
     };
-    std::vector<std::string> states{outline()};
+    const auto state = [&] {
+        std::string text = outline() + ", selected";
+        for (int i = 0; i < ip->GetSelNodeCount(); ++i)
+            text += " " + std::to_string(ip->GetSelNode(i)->GetHandle());
+        return text;
+    };
+    std::vector<std::string> states{state()};
     size_t present = 0;
     for (int step = 0; step < 3000; ++step) {
         const int action = upTo(4);
@@ -353,10 +359,10 @@ TEST_F(SceneTest, RandomEditsAreUndoneStepByStep) {
             const std::vector<std::string> names = host.undoNames();
             if (!names.empty() && names.front() == name) {
                 states.resize(++present);
-                states.push_back(outline());
+                states.push_back(state());
             }
         }
-        ASSERT_EQ(outline(), states[present]) << "step " << step;
+        ASSERT_EQ(state(), states[present]) << "step " << step;
     }
 }
 
