@@ -9,11 +9,12 @@
 #   DEST/report.txt                                          written by the core after each start
 #
 # What DEST held before is removed, unless it is no such installation: then nothing is done. DRIVE, such as Z:,
-# is what the product's files call the root folder, for a build that runs under Wine.
+# is what the product's files call the root folder, for a build that runs under Wine; empty for others. Each ELEMENT
+# is XML that the settings get too.
 set -euo pipefail
 
 usage() {
-    echo "usage: ${0##*/} BUILD_DIR DEST CLIP [DRIVE]" >&2
+    echo "usage: ${0##*/} BUILD_DIR DEST CLIP [DRIVE [ELEMENT...]]" >&2
     exit 1
 }
 
@@ -27,12 +28,14 @@ registry_text() {
     printf '%s' "$1" | sed -e 's/[\\"]/\\&/g'
 }
 
-[ $# -eq 3 ] || [ $# -eq 4 ] || usage
-for argument in "$@"; do [ -n "$argument" ] || usage; done
+[ $# -ge 3 ] || usage
+for argument in "$1" "$2" "$3"; do [ -n "$argument" ] || usage; done
 build=$(realpath -m -- "$1")
 dest=$(realpath -m -- "$2")
 clip=$(realpath -m -- "$3")
 drive=${4:-}
+shift $(($# < 4 ? $# : 4))
+elements=$(printf '    %s\n' "$@")
 
 if [ -e "$dest" ] && [ ! -d "$dest/kestrelstudio" ] && [ -n "$(ls -A -- "$dest")" ]; then
     echo "${0##*/}: $dest holds something other than an installation" >&2
@@ -50,6 +53,7 @@ cat >"$core/layout/zmx_maxconfig.xml" <<XML
 <?xml version="1.0"?>
 <zmx_config>
     <clip>$(xml_text "$drive$clip")</clip>
+$elements
     <metresPerUnit>0.01</metresPerUnit>
     <report>$(xml_text "$drive$dest/report.txt")</report>
     <log>$(xml_text "$drive$dest/logs/core.log")</log>

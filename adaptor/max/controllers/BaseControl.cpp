@@ -250,7 +250,16 @@ T BaseControl<T>::usable(const T& value, TimeValue t) const {
 
 template <typename T>
 IOResult BaseControl<T>::Save(ISave* isave) {
-    return saveKeys(*isave, keys_, current_);
+    return guarded("Save", IO_ERROR, [&] {
+        const bool cached = !keys_.empty() && !unkeyed_;
+        // What is written must not tell when the controller was last looked at: a scene that is saved, opened
+        // and saved again gives the same bytes.
+        if (keys_.empty()) current_.time = kNoTime;
+        if (cached) cache(this->keyAtTime(GetCOREInterface()->GetTime()));
+        const IOResult result = saveKeys(*isave, keys_, current_);
+        if (cached) current_.time = kNoTime;  // blended without the parent: not for the next evaluation
+        return result;
+    });
 }
 
 template <typename T>

@@ -67,6 +67,7 @@ class BaseControl : public Control {
 
     // ReferenceMaker and ReferenceTarget
 
+    /// The current key is written as it stands at the scene's time, without a time when there are no keys.
     IOResult Save(ISave* isave) override;
 
     /// Always IO_OK: a chunk that is not this controller's leaves it empty, a damaged one keeps what is

@@ -138,12 +138,17 @@ TEST_F(Bake, SurvivesTheSceneFileByteForByte) {
     bake();
     adaptor().endUndoGroup();
     const std::vector<float> before = playback();
+    Matrix3 placed(1);
+    placed.SetTrans(Point3(1.0f, 2.0f, 3.0f));
+    makeHelper("still")->hostNode()->SetNodeTM(800, placed);  // a value without a key
     const std::string first = ::testing::TempDir() + "bake_first.zms";
     const std::string second = ::testing::TempDir() + "bake_second.zms";
     ASSERT_TRUE(host.save(first)) << host.lastMessage();
     adaptor().letGoOfCore();
     ASSERT_TRUE(host.reset());
     ASSERT_TRUE(host.open(first)) << host.lastMessage();
+    ASSERT_TRUE(host.save(second)) << host.lastMessage();
+    EXPECT_EQ(bytesOf(first), bytesOf(second)) << "before anyone looked";
     EXPECT_EQ(playback(), before);
     EXPECT_EQ(ip().GetINodeByName("tool_joint0")->GetTMController()->ClassID(), kTransformControlClassId);
     EXPECT_EQ(ip().GetINodeByName("tool_joint0")->GetObjectRef()->ClassID(), kHelperClassId);
