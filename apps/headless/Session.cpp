@@ -127,8 +127,14 @@ Playback Session::saveAndReopen(const Playback& before) {
     summary_.reopenedPlaysTheSame = after.equals(before);
     if (!summary_.reopenedPlaysTheSame)
         throw std::runtime_error("the reopened scene moves differently: " + before.differenceFrom(after));
+    refuseMessages();
     saveAgain(scene);
     return after;
+}
+
+void Session::refuseMessages() const {
+    const std::vector<std::string> boxes = platform::messageBoxes();
+    if (!boxes.empty()) throw std::runtime_error("a message was shown: " + firstLine(boxes.back()));
 }
 
 void Session::saveAgain(const std::string& scene) {

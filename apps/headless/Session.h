@@ -31,6 +31,8 @@ class Session {
     void undoAndRedo(const Playback& before);
     /// The motion of the reopened scene.
     Playback saveAndReopen(const Playback& before);
+    /// The plug-in speaks up when something is wrong, such as nodes that the core does not take back.
+    void refuseMessages() const;
     /// The reopened scene must give the bytes of the file `scene`.
     void saveAgain(const std::string& scene);
     void writeResults(const Playback& playback);

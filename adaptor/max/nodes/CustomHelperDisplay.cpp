@@ -11,7 +11,9 @@ namespace {
 
 constexpr int kPickTolerance = 4;       // pixels
 constexpr float kMarkerRadius = 0.01f;  // object units, of the cross that stands for an empty shape
-constexpr float kAxisFactor = 1.5f;     // by which the pivot's axes stick out of the shape
+/// Length of the pivot's axes as a part of the shape's reach: enough to tell the directions, without crossing
+/// the shapes of neighbours.
+constexpr float kAxisFactor = 0.25f;
 
 void drawLine(GraphicsWindow& window, const Point3& from, const Point3& to, const Point3& color) {
     Point3 ends[2] = {from, to};

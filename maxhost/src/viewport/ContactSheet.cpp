@@ -17,20 +17,28 @@ namespace {
 constexpr int kSamplesPerPixel = 4, kGap = 3, kTitleBar = 40;
 constexpr double kTextHeight = 11;
 
+SceneExtent extentOf(const std::vector<INode*>& nodes, const std::vector<TimeValue>& times,
+                     const Camera& camera) {
+    SampleBuffer nothing(1, 1, 1, LinearColor());
+    WorldPainter painter(camera, nothing);
+    SoftwareView view(painter);
+    return SceneExtent(nodes, times, view);
+}
+
 /// Everything that the moments have in common.
 struct Stage {
     std::vector<INode*> nodes;
+    Camera camera;
     SceneExtent extent;
     Ground ground;
     MotionTrail trail;
-    Camera camera;
 
     Stage(Interface& host, const std::vector<TimeValue>& times, int width, int height)
         : nodes(visibleNodes(*host.GetRootNode())),
-          extent(nodes, times),
+          camera(Camera::Direction(), width, height),
+          extent(extentOf(nodes, times, camera)),
           ground(extent),
-          trail(nodes, times),
-          camera(Camera::Direction(), width, height) {
+          trail(nodes, times) {
         camera.frame(extent.points(), 0.09, extent.figure());
     }
 };

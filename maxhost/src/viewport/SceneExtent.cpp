@@ -18,18 +18,20 @@ Point3 corner(const Box3& box, int which) {
 
 }  // namespace
 
-SceneExtent::SceneExtent(const std::vector<INode*>& nodes, const std::vector<TimeValue>& times) {
+SceneExtent::SceneExtent(const std::vector<INode*>& nodes, const std::vector<TimeValue>& times,
+                         ViewExp& view) {
     for (const TimeValue time : times)
-        addMoment(pointsAt(nodes, time));
+        addMoment(pointsAt(nodes, time, view));
 }
 
-std::vector<Point3> SceneExtent::pointsAt(const std::vector<INode*>& nodes, TimeValue time) const {
+std::vector<Point3> SceneExtent::pointsAt(const std::vector<INode*>& nodes, TimeValue time, ViewExp& view) {
     std::vector<Point3> moment;
     for (INode* node : nodes) {
         const Matrix3 world = node->GetObjectTM(time);
         addIfFinite(moment, world.GetTrans());
         Box3 shown;
-        if (Object* object = node->GetObjectRef()) object->GetDeformBBox(time, shown);
+        if (Object* object = node->EvalWorldState(time).obj)
+            object->GetLocalBoundBox(time, node, &view, shown);
         if (shown.IsEmpty()) continue;
         for (int i = 0; i < 8; ++i)
             addIfFinite(moment, corner(shown, i) * world);

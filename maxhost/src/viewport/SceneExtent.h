@@ -1,6 +1,6 @@
 #pragma once
 
-#include <inode.h>
+#include <maxapi.h>
 
 #include <vector>
 
@@ -9,7 +9,8 @@ namespace maxhost {
 /// How much room a scene takes at the moments that are shown.
 class SceneExtent {
   public:
-    SceneExtent(const std::vector<INode*>& nodes, const std::vector<TimeValue>& times);
+    /// `view` is what objects are asked about their boxes for; it need not be framed yet.
+    SceneExtent(const std::vector<INode*>& nodes, const std::vector<TimeValue>& times, ViewExp& view);
 
     /// Everything that must be seen: nodes, the corners of what they show, and for what stands near the
     /// ground the places below.
@@ -20,7 +21,7 @@ class SceneExtent {
     double figure() const { return figure_ > 0 ? figure_ : 1; }
 
   private:
-    std::vector<Point3> pointsAt(const std::vector<INode*>& nodes, TimeValue time) const;
+    static std::vector<Point3> pointsAt(const std::vector<INode*>& nodes, TimeValue time, ViewExp& view);
     void addMoment(std::vector<Point3> moment);
 
     std::vector<Point3> points_;
