@@ -28,7 +28,7 @@ TEST_F(NodeLookup, TagsGiveTheFirstHitAndRecordsTheLast) {
     addNode("damaged", "<ZMK_tag><name>tool</name><objectname>b</objectname>");
     // Names that run together must not be taken for each other.
     addNode("glued", tagText("toola", "b"));
-    const std::string request = "<node name=\"a\"/><other/><node name=\"A\"/><node name=\"b\"/><node/>";
+    const std::string request = "<node name=\"a\"/><other/><node name=\"ab\"/><node name=\"b\"/><node/>";
 
     EXPECT_EQ(find("tool", request), "first - damaged -");
     EXPECT_EQ(find("other", request), "foreign - - -");
