@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <ostream>
 #include <regex>
 
 #include "tests/scenario/HeadlessRun.h"
@@ -105,6 +106,10 @@ struct BadClip {
     std::string text;
     const char* cause;  // a part of it
 };
+
+void PrintTo(const BadClip& row, std::ostream* out) {
+    *out << row.name;
+}
 
 class BadClipTest : public SessionTest, public ::testing::WithParamInterface<BadClip> {};
 
