@@ -6,12 +6,13 @@
 /// What differs between the native build and Windows; each has a source file of its own.
 namespace headless::platform {
 
-/// To be called once, before a plug-in is loaded. Natively it reads the registry export `registryFile`,
-/// unless empty, and has message boxes printed on the standard error stream. On Windows the system has a
-/// registry and shows message boxes. Throws std::runtime_error for a file that cannot be used.
+/// To be called once, before a plug-in is loaded. Message boxes are printed on the standard error stream and
+/// answered with their first button from then on, since nobody is there to do it. Natively the registry
+/// export `registryFile` is read, unless empty; Windows has a registry of its own and takes none. Throws
+/// std::runtime_error for a file that cannot be used.
 void prepare(const std::string& registryFile);
 
-/// Texts of the message boxes that were shown since prepare, as far as the platform remembers them.
+/// "CAPTION: TEXT" of the message boxes that were shown since prepare.
 std::vector<std::string> messageBoxes();
 
 /// Whether the standard error stream is a terminal.
