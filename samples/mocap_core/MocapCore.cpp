@@ -1,6 +1,7 @@
 #include "samples/mocap_core/MocapCore.h"
 
 #include <fstream>
+#include <memory>
 #include <stdexcept>
 
 #include "samples/mocap_core/FileError.h"
@@ -35,7 +36,7 @@ MocapCore* MocapCore::attach(core::AdaptorInterface* adaptor) noexcept {
     guarded("attach", [&] {
         if (!adaptor) throw std::runtime_error("no adaptor");
         if (adaptor->getAdaptorVersion() != kVersion) throw std::runtime_error("adaptor of another version");
-        core = new MocapCore(*adaptor);  // deleted by detach
+        core = std::make_unique<MocapCore>(*adaptor).release();  // deleted by detach
     });
     return core;
 }

@@ -28,8 +28,9 @@ void TakeList::expect(const Element& state) {
 
 void TakeList::rootArrived(const TakeSet& takes) {
     if (rootsDue_ == 0 || --rootsDue_ > 0) return;
+    const std::unordered_set<std::string> present = takes.ids();
     for (const auto& [id, name] : expected_)
-        if (!takes.findById(id))
+        if (present.count(id) == 0)
             util::logLine(util::Log::kWarning, "Take \"", FileError::printable(name),
                           "\" is named by the scene and has not come back");
     clear();

@@ -5,10 +5,20 @@
 
 namespace qvo::zmx::mocap {
 
+namespace {
+
+/// What the adaptor calls a node of a take when it makes it.
+std::string hostName(std::string take, const std::string& node) {
+    return take.append("_").append(node);
+}
+
+}  // namespace
+
 void renameNodes(Take& take, const std::string& former) {
     for (const std::string& name : take.record().nodeNames()) {
         core::CoreNode* const node = take.node(name);
-        if (node && node->getName() == former + "_" + name) node->setName(take.record().name + "_" + name);
+        if (node && node->getName() == hostName(former, name))
+            node->setName(hostName(take.record().name, name));
     }
 }
 

@@ -47,8 +47,7 @@ void TakeRestorer::restore(const Element& root) {
 
 void TakeRestorer::restoreTake(TakeState state) {
     if (state.record.name.empty()) state.record.name = "take";
-    const bool isPresent = takes_.findById(state.record.id) != nullptr;
-    const std::string name = takes_.uniqueName(state.record.name);
+    const std::string name = TakeSet::uniqueName(state.record.name, names_);
     TakeRecord record = state.record;
     record.name = name;
     Take& take = takes_.add(std::make_unique<Take>(std::move(record)));
@@ -56,11 +55,13 @@ void TakeRestorer::restoreTake(TakeState state) {
     const Claims claims = claimNodes(take, state);
     if (claims.claimed == 0) {
         takes_.remove(take);
-        if (!isPresent)
+        if (ids_.count(state.record.id) == 0)
             logLine(Log::kWarning, "Take \"", FileError::printable(state.record.name),
                     "\" is dropped: none of its nodes is left");
         return;
     }
+    ids_.insert(state.record.id);
+    names_.insert(name);
     if (name != state.record.name) renameNodes(take, state.record.name);
     logLine(Log::kNotice, "Take \"", name, "\" is back with ", claims.claimed, " nodes");
     if (!claims.missing.empty())

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "core/AdaptorInterface.h"
@@ -24,7 +25,7 @@ namespace qvo::zmx::mocap {
 class TakeRestorer {
   public:
     TakeRestorer(core::AdaptorInterface& adaptor, TakeSet& takes, SceneGrid& grid)
-        : adaptor_(adaptor), takes_(takes), grid_(grid) {}
+        : adaptor_(adaptor), takes_(takes), grid_(grid), ids_(takes.ids()), names_(takes.names()) {}
 
     /// `root`: its children are the gathered tools. What is damaged, foreign or without nodes is named in the
     /// log; the rest comes back. Linear in the takes and their nodes.
@@ -43,6 +44,8 @@ class TakeRestorer {
     core::AdaptorInterface& adaptor_;
     TakeSet& takes_;
     SceneGrid& grid_;
+    std::unordered_set<std::string> ids_;    // of the takes that the scene has
+    std::unordered_set<std::string> names_;  // of the same
 };
 
 }  // namespace qvo::zmx::mocap

@@ -1,7 +1,6 @@
 #include "samples/mocap_core/TakeSet.h"
 
 #include <algorithm>
-#include <unordered_set>
 #include <utility>
 
 namespace qvo::zmx::mocap {
@@ -35,20 +34,29 @@ Take* TakeSet::findByName(const std::string& name) const {
     return nullptr;
 }
 
-Take* TakeSet::findById(const std::string& id) const {
-    for (Take* const take : inScene())
-        if (take->record().id == id) return take;
-    return nullptr;
+std::string TakeSet::uniqueName(const std::string& wanted) const {
+    return uniqueName(wanted, names());
 }
 
-std::string TakeSet::uniqueName(const std::string& wanted) const {
-    std::unordered_set<std::string> taken;
-    for (const Take* const take : inScene())
-        taken.insert(take->record().name);
+std::string TakeSet::uniqueName(const std::string& wanted, const std::unordered_set<std::string>& taken) {
     std::string name = wanted;
     for (int number = 2; taken.count(name) != 0; ++number)
         name = wanted + "-" + std::to_string(number);
     return name;
+}
+
+std::unordered_set<std::string> TakeSet::names() const {
+    std::unordered_set<std::string> names;
+    for (const Take* const take : inScene())
+        names.insert(take->record().name);
+    return names;
+}
+
+std::unordered_set<std::string> TakeSet::ids() const {
+    std::unordered_set<std::string> ids;
+    for (const Take* const take : inScene())
+        ids.insert(take->record().id);
+    return ids;
 }
 
 void TakeSet::refresh(core::AdaptorInterface& adaptor) const {

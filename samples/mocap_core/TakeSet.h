@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "core/AdaptorInterface.h"
@@ -26,10 +27,16 @@ class TakeSet {
     /// The latest take of the scene, or null.
     Take* latest() const;
     Take* findByName(const std::string& name) const;
-    Take* findById(const std::string& id) const;
 
     /// `wanted`, or `wanted` with "-2", "-3", ... where the scene has a take of that name.
     std::string uniqueName(const std::string& wanted) const;
+
+    /// The same for takes that are called `taken`.
+    static std::string uniqueName(const std::string& wanted, const std::unordered_set<std::string>& taken);
+
+    /// Names and ids of the takes of the scene.
+    std::unordered_set<std::string> names() const;
+    std::unordered_set<std::string> ids() const;
 
     /// Asks the adaptor anew which takes are left.
     void refresh(core::AdaptorInterface& adaptor) const;

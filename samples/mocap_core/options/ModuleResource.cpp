@@ -4,10 +4,11 @@
 #include <cstring>
 
 // The system's calls, declared here with plain types: a core includes no header of the system that it runs
-// on. Handles are pointers that nobody looks behind.
+// on. Handles are pointers that nobody looks behind; a resource's name is its number where a text's address
+// would stand.
 extern "C" {
 int GetModuleHandleExA(std::uint32_t flags, const char* address, void** module);
-void* FindResourceA(void* module, const char* name, const char* type);
+void* FindResourceA(void* module, std::uintptr_t name, const char* type);
 void* LoadResource(void* module, void* resource);
 void* LockResource(void* loaded);
 std::uint32_t SizeofResource(void* module, void* resource);
@@ -27,17 +28,12 @@ const char* tableOf(const void* object) {
     return table;
 }
 
-/// Resources are named by a number where a text would stand.
-const char* numberAsName(unsigned short id) {
-    return reinterpret_cast<const char*>(static_cast<std::uintptr_t>(id));
-}
-
 }  // namespace
 
 std::optional<std::string> readResourceBeside(const void* object, const char* type, unsigned short id) {
     void* module = nullptr;
     if (!GetModuleHandleExA(kFromAddress | kUnchangedCount, tableOf(object), &module)) return std::nullopt;
-    void* const resource = FindResourceA(module, numberAsName(id), type);
+    void* const resource = FindResourceA(module, id, type);
     if (!resource) return std::nullopt;
     const void* const bytes = LockResource(LoadResource(module, resource));
     if (!bytes) return std::nullopt;
