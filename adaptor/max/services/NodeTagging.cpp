@@ -27,10 +27,10 @@ void tagNodesOf(core::Owner& owner, const NodeRegistry& nodes) {
     owner.writeState(state);
     if (state.children.empty()) return;
 
-    bool first = true;
     for (CMAXNode* const wrapper : nodesOf(owner, nodes)) {  // anew: the owner may have deleted some
         util::xml::Element tag = makeTag(ownerName, wrapper->getName());
-        if (std::exchange(first, false)) tag.adoptChild(std::move(state));
+        const bool first = !state.children.empty();
+        if (first) tag.adoptChild(std::exchange(state, util::xml::Element()));
         writeTag(*wrapper->hostNode(), tag);
     }
 }
