@@ -36,10 +36,14 @@ std::string outline(const Element& element) {
 
 class Gathering : public TagScene {
   protected:
+    /// Gathers for a core that deletes all nodes: none is left to be reported.
     std::string gather() {
         core.loaded.clear();
+        core.onLoad = [](Element&) {
+            while (INode* const node = ip().GetRootNode()->GetChildNode(0))
+                ip().DeleteNode(node, FALSE, FALSE);
+        };
         adaptor().gatherNodes();
-        boxes.take();
         return core.loaded.empty() ? "nothing loaded" : outline(Element(core.loaded.back()));
     }
 };
@@ -78,7 +82,6 @@ TEST_P(GatheringTree, IsBuiltFromTheTags) {
     }
     EXPECT_EQ(gather(), GetParam().outline);
     EXPECT_TRUE(logged(GetParam().logged)) << log();
-    EXPECT_EQ(gather(), "") << "the tags are empty";
 }
 
 template <class Case>
@@ -193,7 +196,6 @@ TEST_F(Gathering, AnExceptionOfTheCoreEndsNothing) {
     adaptor().gatherNodes();
     EXPECT_EQ(tagOf(node), "");
     EXPECT_TRUE(logged("loadState: no memory"));
-    core.onLoad = nullptr;
     EXPECT_EQ(gather(), "") << "it can run again";
 }
 
