@@ -138,6 +138,7 @@ TEST(Picture, PngHoldsTheSizeAndAnUnwritablePathIsNamed) {
     ASSERT_GT(bytes.size(), 24u);
     EXPECT_EQ(bytes.substr(0, 8), "\x89PNG\r\n\x1a\n");
     EXPECT_EQ(bytes.substr(16, 8), std::string("\0\0\1\x2c\0\0\0\2", 8));
+    file.close();  // Windows keeps an open file
     std::filesystem::remove(path);
     try {
         picture.writePng("no/such/folder/p.png");
