@@ -4,7 +4,7 @@
 #   DEST/zorva-kestrel-9.2.0.1.zip         the product's folders, to be unpacked by hand
 #   DEST/zorva-kestrel-9.2.0.1-setup.exe   the installer
 #
-# Both hold the same files. The same input gives the same ZIP, byte for byte.
+# Both hold the same files.
 set -euo pipefail
 
 [ $# -eq 2 ] || {
@@ -25,7 +25,7 @@ collect() {
     install -D -m 644 -t "$product/plugins/win/x64" -- "$build/bin/zorva_kestrel.gup"
     install -D -m 644 -t "$product/data/core/win/x64" -- "$build/bin/core.dll"
     install -D -m 644 -t "$product/data/core/layout" -- "$packaging"/sample/{zmx_maxconfig.xml,wave.bvh}
-    install -D -m 644 -t "$product/doc" -- "$packaging"/../docs/{troubleshooting,core-authors}.md
+    install -D -m 644 -t "$product/doc" -- "$packaging"/../docs/{troubleshooting.md,core-authors.md,message-box.png}
 }
 
 # Every file and folder by name: uninstalling must not take along what a user has put beside them.
@@ -46,9 +46,8 @@ collect
 (
     cd -- "$work/files"
     rm -f -- "$dest/$name.zip"
-    find . -exec touch -h -d '2010-01-01 00:00:00 UTC' {} +
     find . -type f -printf '%P\n' | sort >"$work/names"
-    TZ=UTC cmake -E tar cf "$dest/$name.zip" --format=zip --files-from="$work/names"
+    cmake -E tar cf "$dest/$name.zip" --format=zip --files-from="$work/names"
 )
 (list_for_installer)
 cd -- "$work/files"
