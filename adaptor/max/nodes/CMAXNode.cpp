@@ -7,9 +7,7 @@
 #include "adaptor/max/nodes/CMAXSnapshot.h"
 #include "adaptor/max/nodes/HostTime.h"
 #include "adaptor/max/nodes/NodeInstanceRestoreObj.h"
-#include "adaptor/max/nodes/SelectionBatch.h"
 #include "adaptor/max/services/Boundary.h"
-#include "adaptor/max/services/HoldScope.h"
 #include "adaptor/max/services/MaxAdaptorInterface.h"
 #include "util/Log.h"
 
@@ -23,11 +21,6 @@ namespace {
 
 NodeRegistry& registry() {
     return MaxAdaptorInterface::instance().nodes();
-}
-
-/// The wrapper behind a node that crossed the boundary: every node the core holds came from this adaptor.
-CMAXNode* wrapperOf(core::CoreNode* node) {
-    return static_cast<CMAXNode*>(node);
 }
 
 }  // namespace
@@ -162,114 +155,6 @@ void CMAXNode::deleteNode(bool deleteHostNode) {
         if (deleteHostNode)
             if (CMAXNode* const registered = registry().findByHandle(handle_)) registered->retireOrDestroy();
         destroy();
-    });
-}
-
-// Visibility and selection
-
-void CMAXNode::show() {
-    guarded("show", [&] {
-        if (INode* const node = hostNode()) node->Hide(FALSE);
-    });
-}
-
-void CMAXNode::hide() {
-    guarded("hide", [&] {
-        if (INode* const node = hostNode()) node->Hide(TRUE);
-    });
-}
-
-bool CMAXNode::isVisible() {
-    return guarded("isVisible", false, [&] {
-        INode* const node = hostNode();
-        return node && node->IsHidden(0, FALSE) == 0;
-    });
-}
-
-void CMAXNode::select() {
-    guarded("select", [&] {
-        INode* const node = hostNode();
-        if (!node) return;
-        if (SelectionBatch::isOpen()) {
-            GetCOREInterface()->SelectNode(node, 0);
-            return;
-        }
-        const HoldScope hold("Select");
-        GetCOREInterface()->SelectNode(node, 1);
-    });
-}
-
-// Hierarchy
-
-core::CoreNode* CMAXNode::getParent() {
-    return guarded("getParent", static_cast<core::CoreNode*>(nullptr), [&]() -> core::CoreNode* {
-        INode* const node = hostNode();
-        INode* const parent = node ? node->GetParentNode() : nullptr;
-        return parent && !parent->IsRootNode() ? new CMAXNode(this, parent) : nullptr;  // the core's
-    });
-}
-
-int CMAXNode::numberOfChildren() {
-    return guarded("numberOfChildren", 0, [&] {
-        INode* const node = hostNode();
-        return node ? node->NumberOfChildren() : 0;
-    });
-}
-
-core::CoreNode* CMAXNode::getChild(int index) {
-    return guarded("getChild", static_cast<core::CoreNode*>(nullptr), [&]() -> core::CoreNode* {
-        INode* const node = hostNode();
-        if (!node || index < 0 || index >= node->NumberOfChildren()) return nullptr;
-        INode* const child = node->GetChildNode(index);
-        return child ? new CMAXNode(this, child) : nullptr;  // the core's
-    });
-}
-
-int CMAXNode::setParent(core::CoreNode* newParent) {
-    return guarded("setParent", 0, [&] {
-        INode* const node = hostNode();
-        if (!node) return 0;
-        if (!newParent) {
-            node->Detach(0, TRUE);
-            return 0;
-        }
-        Log section("Setting parent for " + getName(), Log::kNotice);
-        logValue(section, Log::kNotice, "new parent", newParent->getName());
-        INode* const parentNode = wrapperOf(newParent)->hostNode();
-        if (!parentNode) {
-            logLine(section, Log::kNotice, "Invalid parent node");
-            return 0;
-        }
-        logLine(section, Log::kNotice, "setting parent...");
-        parentNode->AttachChild(node, TRUE);
-        logLine(section, Log::kNotice, "parent set");
-        return 0;
-    });
-}
-
-bool CMAXNode::isSameNode(core::CoreNode* other) {
-    return guarded("isSameNode", false, [&] {
-        const INode* const node = hostNode();
-        return node && other && wrapperOf(other)->hostNode() == node;
-    });
-}
-
-INode* CMAXNode::cloneHostNode(bool expandHierarchy) {
-    INode* node = hostNode();
-    if (!node) return nullptr;
-    INodeTab originals;
-    originals.Append(1, &node);
-    Point3 offset(0, 0, 0);
-    INodeTab sources;
-    INodeTab copies;
-    GetCOREInterface()->CloneNodes(originals, offset, expandHierarchy, NODE_COPY, &sources, &copies);
-    return copies.Count() > 0 ? copies[0] : nullptr;
-}
-
-core::CoreNode* CMAXNode::cloneNode(bool expandHierarchy) {
-    return guarded("cloneNode", static_cast<core::CoreNode*>(nullptr), [&]() -> core::CoreNode* {
-        INode* const copy = cloneHostNode(expandHierarchy);
-        return copy ? new CMAXNode(this, copy) : nullptr;  // the core's
     });
 }
 
