@@ -74,7 +74,13 @@ void Session::startHost() {
     require(host_.start(), "starting the global utilities");
     require(host_.setTaskMode(TASK_MODE_UTILITY), "showing the utility panel");
     require(host_.openUtility(kUtility), std::string("opening the utility ") + kUtility);
-    nodesAtStart_ = host_.nodeCount();
+    undoableFrom_ = host_.nodeCount();
+    RegisterNotification(onMerged, this, NOTIFY_FILE_POST_MERGE);
+}
+
+void Session::onMerged(void* session, NotifyInfo* /*info*/) {
+    Session& self = *static_cast<Session*>(session);
+    self.undoableFrom_ = self.host_.nodeCount();
 }
 
 void Session::pressStart() {
@@ -105,7 +111,7 @@ Playback Session::watch() {
 
 void Session::undoAndRedo(const Playback& before) {
     require(host_.undo(), "undoing once");
-    summary_.undoRemovesAll = host_.nodeCount() == nodesAtStart_;
+    summary_.undoRemovesAll = host_.nodeCount() == undoableFrom_;
     if (!summary_.undoRemovesAll)
         throw std::runtime_error("one undo leaves " + std::to_string(host_.nodeCount()) + " nodes");
     require(host_.redo(), "redoing once");

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <notify.h>
+
 #include "apps/headless/Options.h"
 #include "apps/headless/OutputFolder.h"
 #include "apps/headless/Playback.h"
@@ -25,6 +27,8 @@ class Session {
 
   private:
     void startHost();
+    /// Merged nodes are no part of what undo takes away.
+    static void onMerged(void* session, NotifyInfo* info);
     void pressStart();
     std::string takeReport() const;
     Playback watch();
@@ -47,7 +51,7 @@ class Session {
     SessionLog log_;
     Summary summary_;
     maxhost::HeadlessHost host_;
-    std::size_t nodesAtStart_ = 0;
+    std::size_t undoableFrom_ = 0;  ///< nodes that one undo leaves: those at the start and those merged
 };
 
 }  // namespace headless
