@@ -1,5 +1,7 @@
 #include "maxhost/src/files/Placeholder.h"
 
+#include "maxhost/src/scene/ShownSuperClass.h"
+
 namespace maxhost {
 
 namespace {
@@ -8,26 +10,10 @@ bool isControllerSuperClass(SClass_ID superClass) {
     return superClass >= CTRL_INTEGER_CLASS_ID && superClass <= CTRL_SCALE_CLASS_ID;
 }
 
-bool isObjectSuperClass(SClass_ID superClass) {
-    switch (superClass) {
-        case GEOMOBJECT_CLASS_ID:
-        case CAMERA_CLASS_ID:
-        case LIGHT_CLASS_ID:
-        case SHAPE_CLASS_ID:
-        case HELPER_CLASS_ID:
-        case SYSTEM_CLASS_ID:
-        case DERIVOB_CLASS_ID:
-        case WSM_DERIVOB_CLASS_ID:
-            return true;
-        default:
-            return false;
-    }
-}
-
 }  // namespace
 
 bool isSavedSuperClass(SClass_ID superClass) {
-    return isControllerSuperClass(superClass) || isObjectSuperClass(superClass) ||
+    return isControllerSuperClass(superClass) || isShownSuperClass(superClass) ||
            superClass == REF_TARGET_CLASS_ID || superClass == PARAMETER_BLOCK_CLASS_ID ||
            superClass == PARAMETER_BLOCK2_CLASS_ID;
 }
@@ -36,7 +22,7 @@ ReferenceTarget* makePlaceholder(SClass_ID superClass, Class_ID classId, ByteSpa
                                  size_t referenceCount) {
     if (isControllerSuperClass(superClass))
         return new PlaceholderControl(superClass, classId, chunks, referenceCount);
-    if (isObjectSuperClass(superClass))
+    if (isShownSuperClass(superClass))
         return new PlaceholderObject(superClass, classId, chunks, referenceCount);
     return new PlaceholderTarget(superClass, classId, chunks, referenceCount);
 }

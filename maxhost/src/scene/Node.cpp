@@ -4,29 +4,9 @@
 
 #include "maxhost/src/scene/NodeRestore.h"
 #include "maxhost/src/scene/Scene.h"
+#include "maxhost/src/scene/ShownSuperClass.h"
 
 namespace maxhost {
-
-namespace {
-
-/// Whether a node can show things of that super class.
-bool isShownSuperClass(SClass_ID superClass) {
-    switch (superClass) {
-        case GEOMOBJECT_CLASS_ID:
-        case CAMERA_CLASS_ID:
-        case LIGHT_CLASS_ID:
-        case SHAPE_CLASS_ID:
-        case HELPER_CLASS_ID:
-        case SYSTEM_CLASS_ID:
-        case DERIVOB_CLASS_ID:
-        case WSM_DERIVOB_CLASS_ID:
-            return true;
-        default:
-            return false;
-    }
-}
-
-}  // namespace
 
 Node::Node(Scene& scene, ULONG handle, const std::string& name)
     : scene_(scene), handle_(handle), name_(name) {}
