@@ -64,9 +64,8 @@ TEST_F(PluginFile, PagesHaveTheirSizes) {
         CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 400, 200, nullptr, nullptr, nullptr, nullptr);
     const struct {
         int page, control;
-        RECT pageUnits, controlUnits;  // left, top, right, bottom in dialog units
-    } cases[] = {{147, 1046, {0, 0, 108, 33}, {7, 7, 101, 26}},
-                 {145, 1057, {0, 0, 108, 41}, {14, 7, 96, 21}}};
+        RECT pageUnits, controlUnits;  // corner, width and height in dialog units
+    } cases[] = {{147, 1046, {0, 0, 108, 33}, {7, 7, 94, 19}}, {145, 1057, {0, 0, 108, 41}, {14, 7, 82, 14}}};
     for (const auto& each : cases) {
         const DLGPROC answerNothing = [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; };
         const HWND page = CreateDialogParamA(library, MAKEINTRESOURCEA(each.page), frame, answerNothing, 0);
@@ -83,8 +82,11 @@ TEST_F(PluginFile, PagesHaveTheirSizes) {
         MapDialogRect(page, &expected);
         GetWindowRect(control, &actual);
         MapWindowPoints(nullptr, page, reinterpret_cast<POINT*>(&actual), 2);
+        // Corner and size become whole pixels each for itself, whatever font the units come from.
         EXPECT_EQ(actual.left, expected.left);
-        EXPECT_EQ(actual.right, expected.right);
+        EXPECT_EQ(actual.top, expected.top);
+        EXPECT_EQ(actual.right - actual.left, expected.right);
+        EXPECT_EQ(actual.bottom - actual.top, expected.bottom);
     }
     DestroyWindow(frame);
 }
