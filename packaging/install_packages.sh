@@ -11,9 +11,8 @@ install_packages() {
     local as_root=()
     [ "$(id -u)" -eq 0 ] || as_root=(sudo)
     echo "installing: ${missing[*]}"
-    "${as_root[@]}" apt-get update -qq > /dev/null &&
-        DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends \
-            "${missing[@]}" > /dev/null || {
+    local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -o Acquire::Retries=3)
+    "${apt[@]}" update > /dev/null && "${apt[@]}" install -y --no-install-recommends "${missing[@]}" > /dev/null || {
         echo "could not install: ${missing[*]}" >&2
         return 1
     }
