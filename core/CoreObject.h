@@ -34,7 +34,8 @@ class CoreObject {
     /// Receives one stored state, or the root of gathered or converted states.
     virtual void loadState(util::xml::Element& state) = 0;  // slot 18
 
-    /// The scene is about to be reset, replaced or closed.
+    /// The scene is about to be reset or replaced, or a file to be imported. The scene may stay after all,
+    /// when the host refuses the file: afterwards AdaptorInterface::getOwnedNodes tells what is left.
     virtual void sceneClosing() = 0;  // slot 19
 
     /// The user pressed the start button. `mainWindow` is the host's main window handle.

@@ -117,8 +117,8 @@ void MocapCore::sceneClosing() {
     });
 }
 
-/// The call before an import is the call before a scene is closed. Only afterwards it shows whether the nodes
-/// went: the adaptor keeps those of a scene that stayed.
+/// The call before an import, and before a file that is then refused, is the call before a scene is closed.
+/// Only afterwards it shows whether the nodes went: the adaptor keeps those of a scene that stayed.
 void MocapCore::settle() {
     if (!sceneWasClosing_) return;
     sceneWasClosing_ = false;

@@ -33,8 +33,9 @@ void SceneGrid::apply(const State& state) {
 }
 
 void SceneGrid::suspend() {
-    suspended_ = multiplier_;
+    const int multiplier = multiplier_;
     setMultiplier(1);
+    suspended_ = multiplier;
 }
 
 void SceneGrid::resume() {
@@ -58,7 +59,7 @@ void SceneGrid::restore(const TakeRecord& take) {
 
 void SceneGrid::setMultiplier(int multiplier) {
     adaptor_.setFrameRateMultiplier(multiplier);
-    multiplier_ = multiplier;
+    multiplier_ = suspended_ = multiplier;
 }
 
 }  // namespace qvo::zmx::mocap

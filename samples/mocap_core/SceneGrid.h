@@ -39,7 +39,7 @@ class SceneGrid {
   private:
     core::AdaptorInterface& adaptor_;
     int multiplier_ = 1;
-    int suspended_ = 1;
+    int suspended_ = 1;  ///< what resume() takes up: a change that undo makes meanwhile counts
 };
 
 }  // namespace qvo::zmx::mocap

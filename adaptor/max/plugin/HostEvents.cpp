@@ -1,5 +1,7 @@
 #include "adaptor/max/plugin/HostEvents.h"
 
+#include <cstdint>
+
 #include "adaptor/max/Host.h"
 #include "adaptor/max/plugin/UtilityManager.h"
 #include "adaptor/max/services/Boundary.h"
@@ -9,19 +11,8 @@ namespace qvo::zmx::adaptor::max {
 
 namespace {
 
-UtilityManager& managerOf(void* param) {
-    return *static_cast<UtilityManager*>(param);
-}
-
 void tellSceneClosing(UtilityManager& manager) {
     if (manager.core) guarded("sceneClosing", [&] { manager.core->sceneClosing(); });
-}
-
-/// The nodes of the scene go with it: the core has been told, the wrappers follow.
-void closeScene(UtilityManager& manager) {
-    if (!manager.core) return;
-    tellSceneClosing(manager);
-    MaxAdaptorInterface::instance().sceneClosed();
 }
 
 /// True when the file about to be opened is no scene. Only this event has a file type, and none means a
@@ -31,33 +22,52 @@ bool opensOtherFile(const NotifyInfo* info) {
     return *static_cast<const FileIOType*>(info->callParam) != IOTYPE_MAX;
 }
 
-/// Before a file is opened or imported. An import adds to the scene, so the wrappers stay.
-void onScenePreRead(void* param, NotifyInfo* info) {
-    if (opensOtherFile(info)) return;
-    if (info && info->intcode == NOTIFY_PRE_IMPORT)
-        tellSceneClosing(managerOf(param));
-    else
-        closeScene(managerOf(param));
+/// True when the new scene takes over the objects of the present one.
+bool keepsObjects(const NotifyInfo* info) {
+    if (!info || info->intcode != NOTIFY_SYSTEM_PRE_NEW || !info->callParam) return false;
+    constexpr std::uintptr_t kLastOption = 3;  // 1 keeps nothing, 2 the objects, 3 their hierarchy as well
+    const auto bare = reinterpret_cast<std::uintptr_t>(info->callParam);
+    // The host passes a pointer to the option; a number in its place must not be read through.
+    return (bare <= kLastOption ? static_cast<std::int32_t>(bare)
+                                : *static_cast<const std::int32_t*>(info->callParam)) > 1;
+}
+
+/// Before a file is opened or imported. An import adds to the scene, and a file may be refused: the wrappers
+/// stay until another scene is there.
+void onScenePreRead(UtilityManager& manager, NotifyInfo* info) {
+    if (!manager.core) return;
+    const bool opens = !info || info->intcode == NOTIFY_FILE_PRE_OPEN;
+    MaxAdaptorInterface::instance().expectScene(opens && !opensOtherFile(info));
+    if (!opensOtherFile(info)) tellSceneClosing(manager);
+}
+
+/// The file could not be opened.
+void onSceneRefused(UtilityManager& manager, NotifyInfo* /*info*/) {
+    if (manager.core) MaxAdaptorInterface::instance().sceneRefused();
 }
 
 /// After a file was opened, imported or merged.
-void onSceneRead(void* param, NotifyInfo* /*info*/) {
-    if (managerOf(param).core) MaxAdaptorInterface::instance().gatherNodes();
+void onSceneRead(UtilityManager& manager, NotifyInfo* info) {
+    if (!manager.core) return;
+    MaxAdaptorInterface& adaptor = MaxAdaptorInterface::instance();
+    if (info && info->intcode == NOTIFY_FILE_POST_OPEN) adaptor.sceneArrived();
+    adaptor.gatherNodes();
 }
 
-/// Before a reset or a new scene.
-void onScenePreEmpty(void* param, NotifyInfo* /*info*/) {
-    closeScene(managerOf(param));
+/// Before a reset or a new scene: the core is told, and the wrappers go with their nodes.
+void onScenePreEmpty(UtilityManager& manager, NotifyInfo* info) {
+    if (!manager.core) return;
+    tellSceneClosing(manager);
+    if (!keepsObjects(info)) MaxAdaptorInterface::instance().sceneClosed();
 }
 
-void onSceneWritten(void* param, NotifyInfo* /*info*/) {
-    if (managerOf(param).core) MaxAdaptorInterface::instance().afterSave();
+void onSceneWritten(UtilityManager& manager, NotifyInfo* /*info*/) {
+    if (manager.core) MaxAdaptorInterface::instance().afterSave();
 }
 
 /// Before the selected nodes are deleted: the adaptor notes them, the core may act on the event, then the
 /// adaptor takes their wrappers out.
-void onPreDelete(void* param, NotifyInfo* info) {
-    UtilityManager& manager = managerOf(param);
+void onPreDelete(UtilityManager& manager, NotifyInfo* info) {
     if (!manager.core) return;
     MaxAdaptorInterface& adaptor = MaxAdaptorInterface::instance();
     adaptor.nodesAboutToBeDeleted(info ? static_cast<const Tab<INode*>*>(info->callParam) : nullptr);
@@ -67,10 +77,16 @@ void onPreDelete(void* param, NotifyInfo* info) {
 }
 
 /// Keeps the place of a step at the host's exit that has nothing to do.
-void onShutdownNotice(void* /*param*/, NotifyInfo* /*info*/) {}
+void onShutdownNotice(UtilityManager& /*manager*/, NotifyInfo* /*info*/) {}
 
-void onShutdown(void* param, NotifyInfo* /*info*/) {
-    managerOf(param).shutdown();
+void onShutdown(UtilityManager& manager, NotifyInfo* /*info*/) {
+    manager.shutdown();
+}
+
+/// What the host calls: no exception may reach it.
+template <void (*handle)(UtilityManager&, NotifyInfo*)>
+void answer(void* param, NotifyInfo* info) {
+    guarded("host notification", [&] { handle(*static_cast<UtilityManager*>(param), info); });
 }
 
 struct Registration {
@@ -80,12 +96,19 @@ struct Registration {
 };
 
 const Registration kRegistrations[] = {
-    {NOTIFY_SEL_NODES_PRE_DELETE, onPreDelete, true}, {NOTIFY_FILE_PRE_OPEN, onScenePreRead, true},
-    {NOTIFY_PRE_IMPORT, onScenePreRead, false},       {NOTIFY_FILE_POST_OPEN, onSceneRead, true},
-    {NOTIFY_POST_IMPORT, onSceneRead, false},         {NOTIFY_SYSTEM_PRE_RESET, onScenePreEmpty, true},
-    {NOTIFY_SYSTEM_PRE_NEW, onScenePreEmpty, true},   {NOTIFY_FILE_POST_MERGE, onSceneRead, true},
-    {NOTIFY_FILE_POST_SAVE, onSceneWritten, true},    {NOTIFY_POST_EXPORT, onSceneWritten, false},
-    {NOTIFY_SYSTEM_SHUTDOWN, onShutdownNotice, true}, {NOTIFY_SYSTEM_SHUTDOWN, onShutdown, true},
+    {NOTIFY_SEL_NODES_PRE_DELETE, answer<onPreDelete>, true},
+    {NOTIFY_FILE_PRE_OPEN, answer<onScenePreRead>, true},
+    {NOTIFY_PRE_IMPORT, answer<onScenePreRead>, false},
+    {NOTIFY_FILE_POST_OPEN, answer<onSceneRead>, true},
+    {NOTIFY_FILE_OPEN_FAILED, answer<onSceneRefused>, true},
+    {NOTIFY_POST_IMPORT, answer<onSceneRead>, false},
+    {NOTIFY_SYSTEM_PRE_RESET, answer<onScenePreEmpty>, true},
+    {NOTIFY_SYSTEM_PRE_NEW, answer<onScenePreEmpty>, true},
+    {NOTIFY_FILE_POST_MERGE, answer<onSceneRead>, true},
+    {NOTIFY_FILE_POST_SAVE, answer<onSceneWritten>, true},
+    {NOTIFY_POST_EXPORT, answer<onSceneWritten>, false},
+    {NOTIFY_SYSTEM_SHUTDOWN, answer<onShutdownNotice>, true},
+    {NOTIFY_SYSTEM_SHUTDOWN, answer<onShutdown>, true},
 };
 
 }  // namespace

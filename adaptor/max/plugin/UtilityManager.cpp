@@ -63,7 +63,11 @@ IOResult UtilityManager::Save(ISave* save) {
 
 IOResult UtilityManager::Load(ILoad* load) {
     if (!core) return IO_OK;
-    return guarded("Load", IO_ERROR, [&] { return loadSceneState(*this, *load); });
+    return guarded("Load", IO_ERROR, [&] {
+        // The first that is heard of a scene that could be read; the state is that scene's.
+        MaxAdaptorInterface::instance().sceneArrived();
+        return loadSceneState(*this, *load);
+    });
 }
 
 int UtilityManager::loadCore() {

@@ -94,6 +94,16 @@ class MaxAdaptorInterface : public core::AdaptorInterface,
     /// The core has been told that the scene closes: its wrappers leave with the scene.
     void sceneClosed();
 
+    /// The host is about to read another scene, or a file that is none. It may refuse the file and keep the
+    /// scene it has, so the wrappers stay until another scene is there.
+    void expectScene(bool expected) { sceneExpected_ = expected; }
+
+    /// Another scene is there, if one is expected: the old one has closed. Otherwise nothing happens.
+    void sceneArrived();
+
+    /// The host has given up reading. The wrappers stay unless it had emptied the scene by then.
+    void sceneRefused();
+
     /// The host is about to delete these nodes (borrowed; null counts as none).
     void nodesAboutToBeDeleted(const Tab<INode*>* nodes);
 
@@ -121,6 +131,7 @@ class MaxAdaptorInterface : public core::AdaptorInterface,
     KeyBatch keyBatch_;
     FrameGrid frameGrid_;
     Gathering gathering_;
+    bool sceneExpected_ = false;
 };
 
 }  // namespace qvo::zmx::adaptor::max

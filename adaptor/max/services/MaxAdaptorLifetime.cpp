@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "adaptor/max/nodes/CMAXNode.h"
 #include "adaptor/max/nodes/SelectionBatch.h"
 #include "adaptor/max/services/Boundary.h"
@@ -19,6 +21,7 @@ void MaxAdaptorInterface::letGoOfCore() {
     undoGroups_.endAll();
     keyBatch_.endAll();
     CUndoWrapper::releaseCoreRecords();
+    sceneExpected_ = false;
     nodes_.abandonAll();
     nodesBeingDeleted_.clear();
     convertedObjects_.clear();
@@ -28,7 +31,19 @@ void MaxAdaptorInterface::letGoOfCore() {
     frameGrid_.setMultiplier(1);
 }
 
+void MaxAdaptorInterface::sceneArrived() {
+    if (sceneExpected_) sceneClosed();
+}
+
+void MaxAdaptorInterface::sceneRefused() {
+    const auto& all = nodes_.inOrder();
+    if (std::none_of(all.begin(), all.end(), [](CMAXNode* wrapper) { return wrapper->hostNode(); }))
+        sceneArrived();
+    sceneExpected_ = false;
+}
+
 void MaxAdaptorInterface::sceneClosed() {
+    sceneExpected_ = false;
     nodes_.retireAll();
     nodesBeingDeleted_.clear();
     convertedObjects_.clear();

@@ -105,6 +105,40 @@ TEST_F(SceneTakes, SurviveImports) {
     BroadcastNotification(NOTIFY_PRE_IMPORT);
     BroadcastNotification(NOTIFY_IMPORT_FAILED);
     ASSERT_EQ(start("<edit take='walk'><bake/></edit>"), "ok");
+    ASSERT_TRUE(host.newScene(3));  // which keeps the nodes
+    EXPECT_EQ(takes(), "walk ");
+    ASSERT_TRUE(host.newScene());
+    EXPECT_EQ(takes(), "");
+}
+
+TEST_F(SceneTakes, SurviveAFileThatTheHostRefuses) {
+    write("slow.bvh",
+          std::string(kSmallClip).replace(std::string(kSmallClip).find(".0083333"), 8, ".0166667"));
+    ASSERT_EQ(start("<clip>slow.bvh</clip>"), "ok");
+    const int slowRate = GetFrameRate();
+    ASSERT_EQ(start("<clip>walk.bvh</clip>"), "ok");
+    const int rate = GetFrameRate();
+    write("damaged.zms", "no scene");
+    ASSERT_FALSE(host.open(file("damaged.zms")));
+    BroadcastNotification(NOTIFY_FILE_POST_OPEN);  // of a file that is no scene
+    EXPECT_EQ(claimedNodes(), "slow_Hips slow_Leg walk_Hips walk_Leg ");
+    EXPECT_EQ(takes(), "slow walk ");
+    EXPECT_EQ(GetFrameRate(), rate);
+
+    ASSERT_FALSE(host.open(file("damaged.zms")));
+    ASSERT_TRUE(host.undo());
+    EXPECT_EQ(takes(), "slow ");
+    EXPECT_EQ(GetFrameRate(), slowRate);
+    saveAndReopen("a.zms");
+    EXPECT_EQ(takes(), "slow ");
+    EXPECT_EQ(claimedNodes(), "slow_Hips slow_Leg ");
+
+    BroadcastNotification(NOTIFY_FILE_PRE_OPEN);
+    for (const char* const name : {"slow_Leg", "slow_Hips"})
+        ip().DeleteNode(&node(name), TRUE, FALSE);
+    BroadcastNotification(NOTIFY_FILE_OPEN_FAILED);  // after the old scene went
+    EXPECT_EQ(takes(), "");
+    EXPECT_EQ(claimedNodes(), "");
 }
 
 TEST_F(SceneTakes, AreTakenUpByTheNextCore) {
@@ -122,13 +156,12 @@ TEST_F(SceneTakes, AreTakenUpByTheNextCore) {
 
 TEST_F(SceneTakes, WhatIsLostIsNamed) {
     ASSERT_EQ(start("<clip>walk.bvh</clip><clip>walk.bvh</clip>"), "ok");
-    ASSERT_TRUE(host.save(file("a.zms")));
+    manager().detachCore();
     // The state of a take is in the tag of its first node.
     node("walk_Hips").SetUserPropString(TSTR("ZMK_tag"), TSTR("<ZMK_tag><name>x</name></ZMK_tag>"));
     node("walk-2_Leg").SetUserPropString(TSTR("ZMK_tag"), TSTR(""));
-    ASSERT_TRUE(host.newScene(2));  // the nodes stay
-    ASSERT_EQ(takes(), "");
-    BroadcastNotification(NOTIFY_FILE_POST_MERGE);
+    manager().loadCore();
+    adaptor().gatherNodes();
     EXPECT_EQ(takes(), "walk-2 ");
     EXPECT_NE(coreLog().find("Take \"walk-2\" is back without Leg"), std::string::npos);
     const std::vector<std::string> shown = boxes.take();
