@@ -1,6 +1,7 @@
 #include "adaptor/max/nodes/CMAXNode.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "adaptor/max/controllers/Conversion.h"
@@ -51,16 +52,20 @@ CMAXNode::CMAXNode(CMAXNode* from, INode* hostNode)
 }
 
 CMAXNode::~CMAXNode() {
+    // First what nobody may find any more, whatever becomes of the log.
     guarded("~CMAXNode", [&] {
-        Log section("Deconstructing node", Log::kNotice);
-        logValue(section, Log::kNotice, "name", getName());
-        if (removed_)
-            logLine(section, Log::kNotice, "node is a snapshot");
-        else
-            registry().remove(*this);
-        registry().forgetRetired(*this);
         for (NodeInstanceRestoreObj* const record : records_)
             record->withdraw();
+        if (MaxAdaptorInterface* const adaptor = MaxAdaptorInterface::existing())
+            adaptor->nodes().forget(*this);
+    });
+    std::optional<Log> section;
+    guarded("~CMAXNode", [&] {
+        section.emplace("Deconstructing node", Log::kNotice);
+        logValue(*section, Log::kNotice, "name", getName());
+        if (removed_) logLine(*section, Log::kNotice, "node is a snapshot");
+    });
+    guarded("~CMAXNode", [&] {
         snapshots_.dissolve([](CMAXSnapshot& lent) {
             lent.wrapper = lent.current = nullptr;
             logLine(Log::kError, "Encountered still acquired snapshot");

@@ -14,7 +14,7 @@ NodeInstanceRestoreObj::NodeInstanceRestoreObj(CMAXNode& wrapper, bool present)
 NodeInstanceRestoreObj::~NodeInstanceRestoreObj() {
     if (!wrapper_) return;
     wrapper_->letGoBy(*this);
-    if (!present_)
+    if (!present_ && !wrapper_->isRemoved())
         wrapper_->destroy();
     else
         wrapper_->destroyIfAbandoned();
@@ -25,7 +25,7 @@ void NodeInstanceRestoreObj::restore(bool /*isUndo*/) {
     NodeRegistry& nodes = MaxAdaptorInterface::instance().nodes();
     present_ = !present_;
     if (present_) {
-        if (!wrapper_->isAbandoned()) nodes.add(*wrapper_);
+        if (!wrapper_->isAbandoned() && !wrapper_->isRemoved()) nodes.add(*wrapper_);
         if (wrapper_->listener)
             guarded("NodeListener::restored", [&] { wrapper_->listener->restored(wrapper_); });
     } else {

@@ -6,6 +6,7 @@ namespace qvo::zmx::adaptor::max {
 
 void NodeRegistry::add(CMAXNode& wrapper) {
     if (contains(wrapper)) return;
+    known_.insert(&wrapper);
     places_.emplace(&wrapper, wrappers_.insert(wrappers_.end(), &wrapper));
     byHandle_.emplace(wrapper.handle(), &wrapper);
 }
@@ -33,26 +34,21 @@ CMAXNode* NodeRegistry::findByHandle(ULONG handle) const {
 }
 
 void NodeRegistry::retireAll() {
-    for (CMAXNode* const wrapper : copy()) {
-        retired_.emplace(wrapper, wrapper);
+    for (CMAXNode* const wrapper : copy())
         wrapper->markRemoved();
-    }
 }
 
 void NodeRegistry::abandonAll() {
-    std::vector<CMAXNode*> all = copy();
-    for (const auto& entry : retired_)
-        all.push_back(entry.second);
-    wrappers_.clear();
-    places_.clear();
-    byHandle_.clear();
-    retired_.clear();
-    for (CMAXNode* const wrapper : all)
-        wrapper->abandon();
+    while (!known_.empty()) {
+        CMAXNode& wrapper = wrappers_.empty() ? **known_.begin() : *wrappers_.front();
+        forget(wrapper);
+        wrapper.abandon();
+    }
 }
 
-void NodeRegistry::forgetRetired(const CMAXNode& wrapper) {
-    retired_.erase(&wrapper);
+void NodeRegistry::forget(CMAXNode& wrapper) {
+    remove(wrapper);
+    known_.erase(&wrapper);
 }
 
 }  // namespace qvo::zmx::adaptor::max

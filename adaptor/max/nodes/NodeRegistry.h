@@ -2,6 +2,7 @@
 
 #include <list>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "adaptor/max/Host.h"
@@ -14,8 +15,9 @@ class CMAXNode;
 /// finding by host handle cost constant time, so that a scene of many nodes is built and cleared in linear
 /// time.
 ///
-/// It also keeps the wrappers that a closed scene has left behind: the core may still hold and give them
-/// back, and what it does not give back is destroyed at detach.
+/// It also knows every wrapper that was listed and still lives: those that a closed scene has left behind,
+/// which the core may still hold and give back, and those that wait in an undo record. None of them may refer
+/// to a core that is gone.
 class NodeRegistry {
   public:
     using List = std::list<CMAXNode*>;
@@ -38,18 +40,18 @@ class NodeRegistry {
     /// The scene is closing: marks all listed wrappers removed, which takes them out.
     void retireAll();
 
-    /// The core is going: lets go of every wrapper, listed or retired. Those that no undo record holds are
+    /// The core is going: abandons every wrapper that is known. Those that no undo record holds are
     /// destroyed, the others die with their last record.
     void abandonAll();
 
-    /// A retired wrapper is being destroyed.
-    void forgetRetired(const CMAXNode& wrapper);
+    /// The wrapper is being destroyed.
+    void forget(CMAXNode& wrapper);
 
   private:
     List wrappers_;
     std::unordered_map<const CMAXNode*, List::iterator> places_;
     std::unordered_multimap<ULONG, CMAXNode*> byHandle_;
-    std::unordered_map<const CMAXNode*, CMAXNode*> retired_;
+    std::unordered_set<CMAXNode*> known_;
 };
 
 }  // namespace qvo::zmx::adaptor::max

@@ -85,13 +85,19 @@ TEST_F(NodeCreation, DeletedOutsideAGroupTheWrapperDiesAtOnce) {
 
 TEST_F(NodeCreation, DetachEmptiesTheListAndKeepsTheScene) {
     CMAXNode* const recorded = makeUndoable("recorded");
+    CMAXNode* const deleted = makeHelper("deleted");
     makeHelper("plain");
+    adaptor().beginUndoGroup("delete");
+    deleted->deleteNode(true);
+    adaptor().endUndoGroup();
     adaptor().letGoOfCore();
     EXPECT_TRUE(createdNodes().empty());
     EXPECT_EQ(ip().GetRootNode()->NumberOfChildren(), 2);
     EXPECT_EQ(recorded->owner, nullptr);
+    EXPECT_EQ(deleted->owner, nullptr) << "only a record holds it";
     listener.heard.clear();
-    ASSERT_TRUE(host.undo());
+    for (int step = 0; step < 2; ++step)
+        ASSERT_TRUE(host.undo());
     ASSERT_TRUE(host.redo());
     EXPECT_EQ(listener.heard, "");
     EXPECT_TRUE(createdNodes().empty()) << "nobody owns the wrapper any more";
