@@ -92,7 +92,8 @@ class CoreNode : public CNode {
     /// On whose behalf the node exists; compared by identity; null when nobody owns it.
     Owner* owner = nullptr;
 
-    /// The wrapper through which a view was obtained; null for registered wrappers.
+    /// The wrapper through which a view was obtained; null for registered wrappers. Known by identity only:
+    /// it may be gone.
     CoreNode* origin = nullptr;
 
     /// True while the core moves the node.

@@ -6,13 +6,14 @@ namespace core {
 class CoreNode;
 }
 
-/// Core-side object that is told when undo or redo takes a node it made out of the scene, and when it is
-/// back. Given at node creation, not owned by the adaptor; it must outlive the attachment.
+/// Core-side object that is told when a node it made leaves the scene other than by deleteNode() of its own
+/// wrapper - by undo or redo, by the user, through a view - and when it is back. Given at node creation, not
+/// owned by the adaptor; it must outlive the attachment.
 class NodeListener {
   public:
     virtual ~NodeListener() = default;  // slot 0
 
-    /// The node has left the scene; the wrapper is still alive.
+    /// The node leaves the scene; the wrapper is still alive, and may be ended here.
     virtual void removed(core::CoreNode* node) = 0;  // slot 1
 
     /// The node is part of the scene again.

@@ -43,6 +43,7 @@ CMAXNode::CMAXNode(core::Owner* nodeOwner, std::string nodeName, CMAXNode* paren
 CMAXNode::CMAXNode(CMAXNode* from, INode* hostNode)
     : removed_(true), node_(hostNode), handle_(hostNode ? hostNode->GetHandle() : 0) {
     origin = from;
+    originOwner_ = from ? from->owner : nullptr;
     if (const CMAXNode* const registered = hostNode ? registry().findByHandle(handle_) : nullptr) {
         name = registered->name;
         owner = registered->owner;
@@ -108,6 +109,11 @@ void CMAXNode::retireOrDestroy() {
         destroy();
 }
 
+void CMAXNode::takeOut(CMAXNode& wrapper) {
+    if (wrapper.listener) guarded("NodeListener::removed", [&] { wrapper.listener->removed(&wrapper); });
+    if (registry().contains(wrapper)) wrapper.retireOrDestroy();
+}
+
 core::CoreNode* CMAXNode::claim(core::Owner* newOwner, std::string newName) {
     return guarded("claim", static_cast<core::CoreNode*>(nullptr), [&]() -> core::CoreNode* {
         INode* const node = hostNode();
@@ -132,18 +138,19 @@ void CMAXNode::releaseNode(core::CoreNode* node) {
     });
 }
 
-void CMAXNode::deleteHostSide(bool deleteHostNode) {
+bool CMAXNode::deleteHostSide(bool deleteHostNode) {
     INode* const node = hostNode();
-    if (!node) return;
+    if (!node) return false;
     if (!deleteHostNode) {
         convertNodeTransform(*node);
         convertNodeScalars(*node);
-        return;
+        return false;
     }
     MaxAdaptorInterface& adaptor = MaxAdaptorInterface::instance();
-    if (adaptor.nodesBeingDeleted().contains(*node)) return;
+    if (adaptor.nodesBeingDeleted().contains(*node)) return false;
     adaptor.convertedObjects().remove(*node);
     GetCOREInterface()->DeleteNode(node, TRUE, FALSE);
+    return true;
 }
 
 void CMAXNode::deleteNode(bool deleteHostNode) {
@@ -154,11 +161,11 @@ void CMAXNode::deleteNode(bool deleteHostNode) {
             retireOrDestroy();
             return;
         }
-        const bool borrowed = owner && (!origin || origin->owner != owner);
+        const bool borrowed = owner && (!origin || originOwner_ != owner);
         if (borrowed) return;  // a component cannot delete another component's node through a view of it
-        deleteHostSide(deleteHostNode);
-        if (deleteHostNode)
-            if (CMAXNode* const registered = registry().findByHandle(handle_)) registered->retireOrDestroy();
+        const bool deleted = deleteHostSide(deleteHostNode);
+        CMAXNode* const registered = deleted ? registry().findByHandle(handle_) : nullptr;
+        if (registered) takeOut(*registered);
         destroy();
     });
 }

@@ -49,6 +49,10 @@ class CMAXNode : public core::CoreNode {
     /// an undo record that can bring it back; destroys it otherwise.
     void retireOrDestroy();
 
+    /// The scene loses the wrapper's node by another way than the wrapper's own deleteNode(): tells the
+    /// listener, which may end the wrapper, and takes out what is then still registered.
+    static void takeOut(CMAXNode& wrapper);
+
     /// The core is going: drops owner and listener, and destroys the wrapper unless an undo record holds it.
     void abandon();
     bool isAbandoned() const { return abandoned_; }
@@ -109,13 +113,15 @@ class CMAXNode : public core::CoreNode {
     /// Ends the pools of the other kinds of snapshot, as ~CMAXNode ends that of the transforms.
     void dissolveGeometrySnapshots();
 
-    /// The host's part of a deletion: the node itself, or only its hold by our controllers.
-    void deleteHostSide(bool deleteHostNode);
+    /// The host's part of a deletion: the node itself, or only its hold by our controllers. True when the
+    /// node was deleted.
+    bool deleteHostSide(bool deleteHostNode);
 
     bool removed_;
     bool abandoned_ = false;
-    INode* node_;   ///< not owned; ask hostNode()
-    ULONG handle_;  ///< of node_
+    core::Owner* originOwner_ = nullptr;  ///< of `origin`, which may be gone by the time it counts
+    INode* node_;                         ///< not owned; ask hostNode()
+    ULONG handle_;                        ///< of node_
 
     SnapshotPool<CMAXSnapshot> snapshots_;
     SnapshotPool<CMAXSnapshot_Helper> helperSnapshots_;

@@ -76,7 +76,7 @@ class MaxAdaptorInterface : public core::AdaptorInterface,
     /// The registered node wrappers.
     NodeRegistry& nodes() { return nodes_; }
 
-    /// The host nodes that the host is deleting at the moment.
+    /// The host nodes that the host is about to delete, until their wrappers are out.
     const DeletionTable& nodesBeingDeleted() const { return nodesBeingDeleted_; }
 
     /// Triangle objects made from other objects, for the length of a key batch.

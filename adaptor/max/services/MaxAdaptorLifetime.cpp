@@ -8,12 +8,27 @@
 namespace qvo::zmx::adaptor::max {
 namespace {
 
-/// The user's deletion of a node that the core made: the listener hears of it, and the wrapper waits in the
-/// host's hold for the user's undo, or goes.
-void takeOut(CMAXNode& wrapper) {
-    if (wrapper.listener) guarded("NodeListener::removed", [&] { wrapper.listener->removed(&wrapper); });
-    wrapper.retireOrDestroy();
-}
+/// One pass over the nodes that the host is about to delete. While the host holds, an undo group makes the
+/// records of the pass count as recording; it joins the host's hold and so ends nothing. The table has served
+/// when the pass ends, however it ends: a node that undo brings back is not being deleted any more.
+class DeletionPass {
+  public:
+    DeletionPass(UndoGroups& groups, DeletionTable& table)
+        : groups_(groups), table_(table), hostHolds_(theHold.Holding() != 0) {
+        if (hostHolds_) groups_.begin("Delete");
+    }
+    ~DeletionPass() {
+        if (hostHolds_) guarded("endUndoGroup", [&] { groups_.end(); });
+        table_.clear();
+    }
+    DeletionPass(const DeletionPass&) = delete;
+    DeletionPass& operator=(const DeletionPass&) = delete;
+
+  private:
+    UndoGroups& groups_;
+    DeletionTable& table_;
+    bool hostHolds_;
+};
 
 }  // namespace
 
@@ -58,16 +73,13 @@ void MaxAdaptorInterface::nodesAboutToBeDeleted(const Tab<INode*>* nodes) {
 }
 
 void MaxAdaptorInterface::nodesDeleted() {
-    // The group makes the records count as recording; it joins the host's own hold and so ends nothing.
-    const bool hostHolds = theHold.Holding() != 0;
-    if (hostHolds) undoGroups_.begin("Delete");
+    const DeletionPass pass(undoGroups_, nodesBeingDeleted_);
     const std::vector<ULONG> handles = nodesBeingDeleted_.handles();
     for (auto handle = handles.rbegin(); handle != handles.rend(); ++handle) {
         if (INode* const node = GetCOREInterface()->GetINodeByHandle(*handle))
             convertedObjects_.remove(*node);
-        if (CMAXNode* const wrapper = nodes_.findByHandle(*handle)) takeOut(*wrapper);
+        if (CMAXNode* const wrapper = nodes_.findByHandle(*handle)) CMAXNode::takeOut(*wrapper);
     }
-    if (hostHolds) undoGroups_.end();
 }
 
 }  // namespace qvo::zmx::adaptor::max

@@ -144,10 +144,26 @@ TEST_F(NodeWrapper, OnlyTheOwnersViewDeletes) {
     EXPECT_NE(foreign->hostNode(), nullptr);
     borrowed->destroy();
 
-    makeHelper("child", mine);
+    CMAXNode* const child = makeHelper("child", mine);
+    makeHelper("grandchild", child);
+    INode* deleted[] = {child->hostNode()};
+    Tab<INode*> table;
+    table.Append(1, deleted);
+    adaptor().nodesAboutToBeDeleted(&table);
+    mine->getChild(1)->deleteNode(true);
+    EXPECT_EQ(listener.heard, "") << "the host is deleting it";
+    EXPECT_EQ(createdNodes().size(), 4u);
+    adaptor().nodesAboutToBeDeleted(nullptr);
+
+    CoreNode* const through = mine->getChild(1);
+    CoreNode* const far = through->getChild(0);
+    mine->releaseNode(through);
+    far->deleteNode(true);  // the view that it came from is gone
+    EXPECT_EQ(child->numberOfChildren(), 0);
     mine->getChild(1)->deleteNode(true);
     EXPECT_EQ(mine->numberOfChildren(), 1);
-    EXPECT_EQ(createdNodes().size(), 2u) << "the registered wrapper went with the node";
+    EXPECT_EQ(createdNodes().size(), 2u) << "the registered wrappers went with the nodes";
+    EXPECT_EQ(listener.heard, "removed removed ");
 }
 
 TEST_F(NodeWrapper, ADeadHostNodeAnswersEveryOperation) {

@@ -132,6 +132,45 @@ TEST_F(NodeCreation, TheUsersDeletionTakesTheWrapperAlong) {
     EXPECT_EQ(createdNodes(), std::vector<core::CoreNode*>{node});
     EXPECT_EQ(listener.heard, "removed restored ");
     EXPECT_NE(node->hostNode(), nullptr);
+
+    node->deleteNode(true);
+    EXPECT_EQ(ip().GetRootNode()->NumberOfChildren(), 0) << "the host deletes it no more";
+}
+
+TEST_F(NodeCreation, AListenerMayEndItsWrapper) {
+    struct Ending : NodeListener {
+        void removed(core::CoreNode* node) override { destroys ? node->destroy() : node->deleteNode(true); }
+        void restored(core::CoreNode*) override {}
+        bool destroys = false;
+    } ending;
+    for (const bool holding : {false, true})
+        for (ending.destroys = false;; ending.destroys = true) {
+            auto* const node = adaptor().createHelperNode(&owner, "a", nullptr, &ending);
+            INode* deleted[] = {static_cast<CMAXNode*>(node)->hostNode()};
+            Tab<INode*> table;
+            table.Append(1, deleted);
+            if (holding) theHold.Begin();
+            adaptor().nodesAboutToBeDeleted(&table);
+            adaptor().nodesDeleted();
+            EXPECT_TRUE(createdNodes().empty());
+            EXPECT_EQ(ip().GetRootNode()->NumberOfChildren(), 1) << "the host's to delete";
+            ip().DeleteNode(deleted[0], TRUE, FALSE);
+            char name[] = "Delete";
+            if (holding) theHold.Accept(name);
+            if (ending.destroys) break;
+        }
+}
+
+TEST_F(NodeCreation, AWrapperThatTheCoreLetGoOfStaysTheCores) {
+    CMAXNode* const node = makeUndoable("a");
+    node->markRemoved();
+    ASSERT_TRUE(host.undo());
+    ASSERT_TRUE(host.redo());
+    EXPECT_FALSE(adaptor().nodes().contains(*node));
+    ASSERT_TRUE(host.undo());
+    ip().FlushUndoBuffer();
+    EXPECT_TRUE(node->isRemoved()) << "still there";
+    node->releaseNode(node);
 }
 
 }  // namespace
