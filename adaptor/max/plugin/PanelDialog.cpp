@@ -38,10 +38,10 @@ void attachOrDetach(HWND dialog) {
     UtilityManager& manager = UtilityManager::instance();
     if (text.data() == std::string(kDetachText)) {
         manager.detachCore();
-        GetCOREInterface()->FlushUndoBuffer();
+        MaxAdaptorInterface::instance().flushHostUndo();
         return;
     }
-    GetCOREInterface()->FlushUndoBuffer();
+    MaxAdaptorInterface::instance().flushHostUndo();
     manager.loadCore();
     // Whatever came of it: a core that attached takes its nodes back, and without one this does nothing.
     MaxAdaptorInterface::instance().gatherNodes();
@@ -61,7 +61,7 @@ INT_PTR CALLBACK panelDialogProc(HWND dialog, UINT message, WPARAM wParam, LPARA
             startStudio();
             return TRUE;
         case IDC_ATTACH_CORE:
-            attachOrDetach(dialog);
+            guarded("attachOrDetach", [&] { attachOrDetach(dialog); });
             return TRUE;
         default:
             return FALSE;

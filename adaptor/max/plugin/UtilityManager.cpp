@@ -41,6 +41,10 @@ UtilityManager& UtilityManager::instance() {
 }
 
 DWORD UtilityManager::Start() {
+    return guarded("Start", DWORD{GUPRESULT_NOKEEP}, [&] { return startUp(); });
+}
+
+DWORD UtilityManager::startUp() {
     const std::string logFile = logMirrorFile();
     if (!logFile.empty()) Log::setFile(logFile);
 
@@ -71,6 +75,10 @@ IOResult UtilityManager::Load(ILoad* load) {
 }
 
 int UtilityManager::loadCore() {
+    return guarded("loadCore", 1, [&] { return connect(); });
+}
+
+int UtilityManager::connect() {
     if (coreModule) detachCore();
 
     coreModule = CoreLibrary::load();
@@ -102,10 +110,8 @@ void UtilityManager::refuseCore(unsigned int coreVersion, unsigned int adaptorVe
 void UtilityManager::startCore() {
     guarded("start", [this] { core->start(); });
     setAttachButton(kDetachText);
-    guarded("setOption", [this] {
-        core->setOption(kOptimizedControllerOption, 1);
-        core->setOption(kDynamicMeshesOption, 0);
-    });
+    guarded("setOption", [this] { core->setOption(kOptimizedControllerOption, 1); });
+    guarded("setOption", [this] { core->setOption(kDynamicMeshesOption, 0); });
 }
 
 int UtilityManager::detachCore() {
@@ -118,7 +124,7 @@ int UtilityManager::detachCore() {
 void UtilityManager::endCore() {
     if (!core) return;
     Log channel(Log::kNotice);
-    channel.write("Adaptor is detaching core", Log::kOwnLevel);
+    util::logLine(channel, Log::kOwnLevel, "Adaptor is detaching core");
     CoreLibrary(coreModule).detach(core);
     core = nullptr;
 }

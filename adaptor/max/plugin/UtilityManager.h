@@ -72,6 +72,8 @@ class UtilityManager : public GUP, public CTimeChangeCallback {
   private:
     UtilityManager() = default;
 
+    DWORD startUp();
+    int connect();
     void refuseCore(unsigned int coreVersion, unsigned int adaptorVersion);
     void startCore();
     void endCore();

@@ -36,6 +36,15 @@ CMAXNode* wrapperOf(CoreNode* node) {
 
 }  // namespace
 
+MaxAdaptorInterface::MaxAdaptorInterface() {
+    setName("MaxAdaptorInterface");
+    // The texts are made now: asked for later, they must not fail any more.
+    for (const auto text :
+         {&MaxAdaptorInterface::getAdaptorName, &MaxAdaptorInterface::getAdaptorId,
+          &MaxAdaptorInterface::getApplicationName, &MaxAdaptorInterface::getApplicationVersion})
+        (this->*text)();
+}
+
 MaxAdaptorInterface::~MaxAdaptorInterface() {
     guarded("~MaxAdaptorInterface", [&] { letGoOfCore(); });
 }

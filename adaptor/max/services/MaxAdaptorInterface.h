@@ -119,7 +119,7 @@ class MaxAdaptorInterface : public core::AdaptorInterface,
 
     static constexpr unsigned int kAdaptorVersion = 9201;
 
-    MaxAdaptorInterface() { setName("MaxAdaptorInterface"); }
+    MaxAdaptorInterface();
 
     int addUndoRecord(CUndo* record, CUndoWrapper::Origin origin);
     void rekeyDrivenNodes(core::OwnerList& owners);

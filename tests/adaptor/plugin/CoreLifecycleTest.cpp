@@ -149,10 +149,13 @@ TEST_F(CoreLifecycle, MissingDetachIsSkipped) {
 }
 
 TEST_F(CoreLifecycle, ACoreThatThrowsIsStillAttached) {
-    TestInstallation installation(kCompleteCore, "throw start");
-    EXPECT_EQ(manager_.loadCore(), 0);
-    EXPECT_NE(manager_.core, nullptr);
-    EXPECT_EQ(journal(), kStarted);
+    for (const char* const settings : {"throw start", "throw setOption"}) {
+        TestInstallation installation(kCompleteCore, settings);
+        EXPECT_EQ(manager_.loadCore(), 0);
+        EXPECT_NE(manager_.core, nullptr);
+        EXPECT_EQ(journal(), kStarted);
+        manager_.detachCore();
+    }
 }
 
 TEST_F(CoreLifecycle, SupportSwitchMirrorsTheLogToItsEnd) {

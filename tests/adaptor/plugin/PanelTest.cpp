@@ -75,6 +75,7 @@ TEST_F(Panel, ButtonTextDecidesBetweenAttachAndDetach) {
     EXPECT_EQ(manager_.core, nullptr);
     EXPECT_EQ(attachText(manager_.panelWindow), "Attach");
     EXPECT_TRUE(host.undoNames().empty());
+    EXPECT_NE(log().find("Flushing 3ds max undo buffer"), std::string::npos);
     panel.EndEditParams(&ip(), nullptr);
 }
 

@@ -28,10 +28,10 @@ std::string setting(const std::string& wanted, const std::string& fallback) {
     return fallback;
 }
 
-/// Notes the line; throws when the settings say so.
+/// Notes the line; throws when the settings name its first word.
 void act(const std::string& line) {
     note(line);
-    if (line == setting("throw", "")) throw line;
+    if (line.substr(0, line.find(' ')) == setting("throw", "")) throw line;
 }
 
 /// Its code is the core's, so it must be gone before the library is.
