@@ -4,6 +4,7 @@
 
 #include "adaptor/max/plugin/InstallPath.h"
 #include "adaptor/max/services/Boundary.h"
+#include "util/Log.h"
 
 namespace qvo::zmx::adaptor::max {
 
@@ -31,13 +32,15 @@ HMODULE CoreLibrary::load() {
 
 unsigned int CoreLibrary::version() const {
     const GetVersion getVersion = bind<GetVersion>(module_, "getVersion");
-    if (!getVersion || !bind<Attach>(module_, "attach")) return 0;
-    return guarded<unsigned int>("getVersion", 0, getVersion);
+    return getVersion ? guarded<unsigned int>("getVersion", 0, getVersion) : 0;
 }
 
 core::CoreObject* CoreLibrary::attach(core::AdaptorInterface& adaptor) const {
     const Attach attachCore = bind<Attach>(module_, "attach");
-    if (!attachCore) return nullptr;
+    if (!attachCore) {
+        util::logLine(util::Log::kError, "The core library has no \"attach\"");
+        return nullptr;
+    }
     return guarded<core::CoreObject*>("attach", nullptr, [&] { return attachCore(&adaptor); });
 }
 

@@ -16,10 +16,10 @@ class CoreLibrary {
     /// Null when it cannot be loaded.
     static HMODULE load();
 
-    /// The core's version; 0, which no core has, when "getVersion" or "attach" is missing.
+    /// The core's version; 0, which no core has, when "getVersion" is missing.
     unsigned int version() const;
 
-    /// Makes the core live. Null when it refuses.
+    /// Makes the core live. Null when it refuses, or when the library has no "attach".
     core::CoreObject* attach(core::AdaptorInterface& adaptor) const;
 
     /// Ends `core`, which is invalid afterwards. Does nothing when the library has no "detach".
