@@ -28,10 +28,11 @@ class CoreObject {
     virtual void reserved15() = 0;
     virtual void reserved16() = 0;
 
-    /// Fills `state`, which is written into the scene file when it has at least one child.
+    /// Fills `state` and names it (setValue). It is written into the scene file when it has at least one
+    /// child; without a name as "ZMK", which loadState could not tell from the root below.
     virtual void saveState(util::xml::Element& state) = 0;  // slot 17
 
-    /// Receives one stored state, or the root of gathered or converted states.
+    /// Receives one stored state, or the root "ZMK" of gathered or converted states.
     virtual void loadState(util::xml::Element& state) = 0;  // slot 18
 
     /// The scene is about to be reset or replaced, or a file to be imported. The scene may stay after all,

@@ -16,7 +16,9 @@ class NodeListener {
     /// The node leaves the scene; the wrapper is still alive, and may be ended here.
     virtual void removed(core::CoreNode* node) = 0;  // slot 1
 
-    /// The node is part of the scene again.
+    /// The wrapper is part of the scene again. Also told during a creation inside an undo group, before the
+    /// core has the wrapper's pointer. When undo takes back a deleteNode(), the scene node follows only after
+    /// this call: until the undo is done the wrapper answers like one whose node is gone.
     virtual void restored(core::CoreNode* node) = 0;  // slot 2
 };
 

@@ -5,9 +5,10 @@
 namespace qvo::zmx::adaptor::max {
 
 /// A folder of the installation, as the registry of the local machine names it ("path" of the product's key;
-/// at most 1024 bytes). Slashes stay as they are. key      "data", "plugin", "doc", "prm": that folder; "" or
-/// "zmx": the product's; any other: the bare value returns  the folder without a closing slash, empty when
-/// the registry has no such text
+/// at most 1024 bytes). Slashes stay as they are, none is added at the end.
+///
+/// The keys "data", "plugin", "doc" and "prm" give that folder, "" and "zmx" the product's own, and any other
+/// the bare value. Empty when the registry has no such text.
 std::string installPath(const std::string& key);
 
 /// The folder of the core library: below the installation, backslashes throughout, absolute-looking but
