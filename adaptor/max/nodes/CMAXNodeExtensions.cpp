@@ -65,7 +65,10 @@ std::intptr_t CMAXNode::extension(int id, void* argument) {
 }
 
 void CMAXNode::convertHostController() {
-    if (INode* const node = hostNode()) convertNodeTransform(*node);
+    INode* const node = hostNode();
+    if (!node || !isTransformControl(node->GetTMController())) return;
+    convertNodeTransform(*node);
+    convertNodeScalars(*node);
 }
 
 void CMAXNode::renameUndoable(const std::string& newName) {

@@ -1,8 +1,10 @@
 #include <memory>
 
 #include "adaptor/max/controllers/Conversion.h"
+#include "adaptor/max/controllers/ScalarControl.h"
 #include "adaptor/max/nodes/CMAXSnapshot.h"
 #include "adaptor/max/nodes/HostSpace.h"
+#include "adaptor/max/plugin/ClassIds.h"
 #include "tests/support/AdaptorFixture.h"
 
 namespace qvo::zmx::adaptor::max {
@@ -256,6 +258,25 @@ TEST_F(NodeWrapper, ClearsKeysAfterATimeUnlessItIsDrivenNoMore) {
     EXPECT_FALSE(isTransformControl(node->hostNode()->GetTMController()));
     node->clearAnimationFrom(0);
     EXPECT_NEAR(node->hostNode()->GetNodeTM(1600).GetTrans().x, 10, 1e-3);
+}
+
+TEST_F(NodeWrapper, ConvertsParametersAlongWithTheTransform) {
+    const Class_ID boxClass(BOXOBJ_CLASS_ID, 0);
+    auto* const box = static_cast<Object*>(ip().CreateInstance(GEOMOBJECT_CLASS_ID, boxClass));
+    INode* const boxNode = ip().CreateObjectNode(box);
+    auto* const node = new CMAXNode(&owner, "box", nullptr, boxNode);  // the registry's
+    const auto lengthIsOurs = [box] {
+        return static_cast<Control*>(box->GetReference(0))->ClassID() == kScalarControlClassId;
+    };
+    for (const int id : {57, 17}) {
+        box->ReplaceReference(0, new ScalarControl);
+        node->extension(id, nullptr);
+        EXPECT_TRUE(lengthIsOurs()) << "the node's transform is the host's";
+        installTransformControl(*boxNode);
+        node->extension(id, nullptr);
+        EXPECT_FALSE(isTransformControl(boxNode->GetTMController()));
+        EXPECT_FALSE(lengthIsOurs()) << id;
+    }
 }
 
 TEST_F(NodeWrapper, ClonesAreNodesOfTheirOwn) {
