@@ -24,7 +24,10 @@ class ControlKeyInsertRestore : public ControlKeyRestore<Controller, Key> {
     }
 
     bool redoEdit(Controller& controller) override {
-        if (!undone_ || !this->insert(controller, *undone_)) return false;
+        if (!undone_) return false;
+        // Another record of the same hold may have put a key there: the host restores the records of a drag
+        // at each of its steps and keeps them all. The last step counts.
+        this->place(controller, *undone_);
         undone_.reset();
         return true;
     }

@@ -54,6 +54,14 @@ class ControlKeyRestore : public RestoreObj {
         return true;
     }
 
+    /// Puts `key` where its time belongs, in place of one that has that time.
+    static void place(Controller& controller, const Key& key) {
+        if (insert(controller, key)) return;
+        auto& keys = keysOf(controller);
+        keys[keys.indexOf(key.time)] = key;
+        makeStale(controller);
+    }
+
     static void erase(Controller& controller, int index) {
         keysOf(controller).erase(index);
         makeStale(controller);

@@ -147,6 +147,38 @@ TEST_F(KeyRestore, TableChangedUnrecordedStaysInOrder) {
         }
 }
 
+/// At each step of a drag the host restores what its hold has recorded so far, and keeps those records.
+TEST_F(KeyRestore, RedoOfADragGivesItsLastStep) {
+    for (const TimeValue t : {100, 300}) {
+        Used<ScalarControl> scalar;
+        Used<TransformControl> transform;
+        for (const TimeValue key : {0, 200}) {
+            scalar->setKey({0, key, 0});
+            transform->setKey({0, key, Matrix3(1)});
+        }
+        const auto step = [&](float value) {
+            setValue(*scalar, t, value);
+            setWorld(*transform, t, TransMatrix(Point3(value, 0.0f, 0.0f)));
+        };
+        hold([&] {
+            animated([&] {
+                step(1);
+                theHold.Restore();
+                step(2);
+            });
+        });
+        for (int round = 0; round < 2; ++round) {
+            EXPECT_TRUE(host.undo());
+            EXPECT_EQ(described(*scalar), "0=0 200=0");
+            EXPECT_EQ(transform->keys().size(), 2);
+            EXPECT_TRUE(host.redo());
+            EXPECT_EQ(valueAt(*scalar, t), 2);
+            EXPECT_EQ(worldAt(*transform, t).GetTrans().x, 2);
+        }
+        GetCOREInterface()->FlushUndoBuffer();
+    }
+}
+
 TEST_F(KeyRestore, EvaluatedValueIsNotBroughtBackOverAChangedTable) {
     Used<ScalarControl> control;
     bake(*control, {0, 100});
