@@ -99,8 +99,14 @@ void BaseControl<T>::notifyChange() {
 }
 
 template <typename T>
-void BaseControl<T>::tableChanged() {
+void BaseControl<T>::makeStale() {
     current_.time = kNoTime;
+    unkeyed_ = false;
+}
+
+template <typename T>
+void BaseControl<T>::tableChanged() {
+    makeStale();
     notifyChange();
 }
 
@@ -224,8 +230,9 @@ void BaseControl<T>::setValueAt(TimeValue t, const T& value) {
         using CurrentRecord = ControlKeyModRestore<BaseControl, Key>;
         record<CurrentRecord>(CurrentRecord::kCurrentKey, current_);
         current_ = {0, t, KeyValue<T>::written(value)};
-        unkeyed_ = !Animating();
-        if (!unkeyed_) storeKey(current_);
+        const bool makesKey = Animating() != 0;
+        unkeyed_ = !makesKey && t != kNoTime;
+        if (makesKey) storeKey(current_);
         notifyChange();
     });
 }
@@ -233,7 +240,7 @@ void BaseControl<T>::setValueAt(TimeValue t, const T& value) {
 template <typename T>
 void BaseControl<T>::takeValue(const T& value) {
     current_ = {0, kNoTime, usable(value, kNoTime)};
-    unkeyed_ = true;
+    unkeyed_ = false;
     notifyChange();
 }
 
@@ -254,10 +261,10 @@ IOResult BaseControl<T>::Save(ISave* isave) {
         const bool cached = !keys_.empty() && !unkeyed_;
         // What is written must not tell when the controller was last looked at: a scene that is saved, opened
         // and saved again gives the same bytes.
-        if (keys_.empty()) current_.time = kNoTime;
+        if (keys_.empty()) makeStale();
         if (cached) cache(this->keyAtTime(GetCOREInterface()->GetTime()));
         const IOResult result = saveKeys(*isave, keys_, current_);
-        if (cached) current_.time = kNoTime;  // blended without the parent: not for the next evaluation
+        if (cached) makeStale();  // blended without the parent: not for the next evaluation
         return result;
     });
 }
@@ -266,8 +273,9 @@ template <typename T>
 IOResult BaseControl<T>::Load(ILoad* iload) {
     guarded("Load", [&] {
         keys_.clear();
+        makeStale();
         loadKeys(*iload, keys_, current_);
-        current_.time = kNoTime;
+        makeStale();
         Interval valid = FOREVER;
         this->GetValue(tickCountTime(), &current_.value, valid, CTRL_ABSOLUTE);
     });
@@ -306,6 +314,7 @@ void BaseControl<T>::Copy(Control* from) {
     if (!from || from == this || from->SuperClassID() != superClassId_) return;
     guarded("Copy", [&] {
         keys_.clear();
+        makeStale();
         if (const std::optional<Interval> range = keyRange(*from)) {
             bake(*from, *range);
             cache(this->keyAtTime(tickCountTime()));

@@ -14,7 +14,8 @@ namespace qvo::zmx::adaptor::max {
 /// It answers the host's key queries, edits the table, records every edit while the host is holding, and
 /// keeps the current key: the last evaluated time and value. The current key is also where a value lives that
 /// was set without a key, and the value of a controller without keys. A current time of kNoTime means that
-/// the cached value is stale and the next evaluation asks the table; changes of the table make it so.
+/// the cached value is stale and the next evaluation asks the table; changes of the table make it so, and
+/// end what was set without a key.
 ///
 /// Key indices out of range do nothing. No host entry throws: a failed allocation is logged and leaves the
 /// table in order.
@@ -143,6 +144,7 @@ class BaseControl : public Control {
 
     void storeKey(const Key& key);
     void removeKey(int index);
+    void makeStale();
     void tableChanged();
     void bake(Control& from, const Interval& range);
 

@@ -67,7 +67,7 @@ class ControlKeyRestore : public RestoreObj {
         makeStale(controller);
     }
 
-    static void makeStale(Controller& controller) { controller.current_.time = kNoTime; }
+    static void makeStale(Controller& controller) { controller.makeStale(); }
 
   private:
     template <typename Edit>

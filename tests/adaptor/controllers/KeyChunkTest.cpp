@@ -1,4 +1,5 @@
 #include <cstring>
+#include <functional>
 #include <limits>
 
 #include "tests/adaptor/controllers/ControllerTest.h"
@@ -85,6 +86,37 @@ TEST_F(KeyChunk, EqualBakesGiveEqualBytes) {
     one->setKey({0, 10, hinted});
     other->setKey({0, 10, plain});
     EXPECT_EQ(saved(one), saved(other));
+}
+
+/// A value that was set without a key is no part of the scene once the table has changed.
+TEST_F(KeyChunk, OpenedAndSavedAgainGivesTheSameBytes) {
+    const std::function<void(ScalarControl&)> edits[] = {
+        [](ScalarControl& c) {
+            c.setKey({0, 200, 1});
+        },
+        [this](ScalarControl& c) {
+            hold([&] { c.setKey({0, 200, 1}); });
+            setValue(c, 50, 7);
+            host.undo();
+        },
+        [](ScalarControl& c) {
+            c.DeleteKeys(TRACK_DOALL);
+            c.takeValue(3);
+            c.setKey({0, 100, 5});
+        },
+        [](ScalarControl& c) { setValue(c, -1, 7); },
+    };
+    for (const auto& edit : edits) {
+        Used<ScalarControl> control;
+        bake(*control, {1, 100});
+        setValue(*control, 50, 7);
+        edit(*control);
+        const std::string first = saved(control);
+        Used<ScalarControl> reopened;
+        load(reopened, first);
+        EXPECT_EQ(saved(reopened), first) << &edit - edits;
+        GetCOREInterface()->FlushUndoBuffer();
+    }
 }
 
 TEST_F(KeyChunk, DamagedChunks) {
