@@ -28,7 +28,7 @@ core::CoreNode::Snapshot_Helper* CMAXNode::acquireHelperSnapshot() {
                    [&]() -> Snapshot_Helper* {
                        INode* const node = hostNode();
                        Object* const object = node ? node->GetObjectRef() : nullptr;
-                       if (!object || isOfSuperClass(object, CAMERA_CLASS_ID)) return nullptr;
+                       if (!node || isOfSuperClass(object, CAMERA_CLASS_ID)) return nullptr;
                        CMAXSnapshot_Helper& snapshot =
                            helperSnapshots_.acquire([&] { return new CMAXSnapshot_Helper(*this); });
                        snapshot.object = object;
@@ -41,7 +41,7 @@ core::CoreNode::Snapshot_Mesh* CMAXNode::acquireMeshSnapshot(double seconds) {
     return guarded("acquireMeshSnapshot", static_cast<Snapshot_Mesh*>(nullptr), [&]() -> Snapshot_Mesh* {
         INode* const node = hostNode();
         Object* const object = node ? node->GetObjectRef() : nullptr;
-        if (!object || isOfSuperClass(object, CAMERA_CLASS_ID)) return nullptr;
+        if (!node || isOfSuperClass(object, CAMERA_CLASS_ID)) return nullptr;
         CMAXSnapshot_Mesh& snapshot = meshSnapshots_.acquire([&] { return new CMAXSnapshot_Mesh(*this); });
         snapshot.acquired = false;  // lent only once it is evaluated
         snapshot.evaluate(*node, ticksFromSeconds(seconds));

@@ -243,6 +243,17 @@ TEST_F(Geometry, OnlyTheRightObjectsLendTheirAspects) {
         node->releaseLensSnapshot(lens);
         node->releaseShapeSnapshot(shape);
     }
+    CMAXNode* const bare = wrapObject(GEOMOBJECT_CLASS_ID, BOXOBJ_CLASS_ID);
+    bare->hostNode()->SetObjectRef(nullptr);
+    EXPECT_EQ(bare->acquireLensSnapshot(0), nullptr);
+    EXPECT_EQ(bare->acquireShapeSnapshot(0), nullptr);
+    CoreNode::Snapshot_Helper* const helper = bare->acquireHelperSnapshot();
+    ASSERT_NE(helper, nullptr) << "a node without an object still has a colour";
+    helper->setMesh(square());
+    helper->setColor(0, 0, 1);
+    EXPECT_EQ(bare->hostNode()->GetWireColor(), 0x00FF0000u);
+    EXPECT_TRUE(meshAt(bare, 0).vertices.empty());
+    bare->releaseHelperSnapshot(helper);
 }
 
 TEST_F(Geometry, LensesConvertDegrees) {
