@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "adaptor/max/nodes/ConvertedObjects.h"
 #include "adaptor/max/nodes/CustomHelperObject.h"
 #include "adaptor/max/nodes/MeshTransfer.h"
 #include "adaptor/max/plugin/ClassIds.h"
@@ -18,6 +19,17 @@ DWORD packedComponent(float component) {
     const double scaled = std::trunc(component * 255.0);
     if (!(std::fabs(scaled) < kInt64Limit)) return 0;
     return static_cast<DWORD>(static_cast<std::int64_t>(scaled) & 0xFF);
+}
+
+/// `object` if it is a triangle object itself, whatever its class; null when it only converts to one, since
+/// nobody would see a shape written into the copy.
+TriObject* asTriangles(Object& object) {
+    const Class_ID triangles(TRIOBJ_CLASS_ID, 0);
+    if (!object.CanConvertToType(triangles)) return nullptr;
+    Object* const converted = object.ConvertToType(GetCOREInterface()->GetTime(), triangles);
+    if (converted == &object) return static_cast<TriObject*>(converted);
+    ConvertedObjects::destroy(static_cast<TriObject*>(converted));
+    return nullptr;
 }
 
 }  // namespace
@@ -44,10 +56,9 @@ void CMAXNode::CMAXSnapshot_Helper::setMesh(const util::CMesh& mesh) {
         if (!present || present->SuperClassID() == CAMERA_CLASS_ID) return;
         if (CustomHelperObject* const helper = customHelper()) {
             helper->setShape(mesh);
-        } else if (present->ClassID() == Class_ID(TRIOBJ_CLASS_ID, 0)) {
-            Mesh& target = static_cast<TriObject*>(present)->GetMesh();
-            writeHostMesh(mesh, target);
-            notifyMeshChanged(*present, target);
+        } else if (TriObject* const triangles = asTriangles(*present)) {
+            writeHostMesh(mesh, triangles->GetMesh());
+            notifyMeshChanged(*triangles, triangles->GetMesh());
         } else {
             util::logLine(util::Log::kWarning, "Node ", usableNode()->GetName(), " cannot show a shape");
         }

@@ -32,6 +32,22 @@ CMesh square() {
     return mesh;
 }
 
+/// A mesh object under a class id of its own, as the host has some.
+class OtherMesh final : public TriObject {
+  public:
+    void DeleteThis() override { delete this; }
+    Class_ID ClassID() override { return Class_ID(0x3d5c1a07, 0x62ee49b1); }
+    int CanConvertToType(Class_ID type) override { return type == triObjectClassID; }
+    Object* ConvertToType(TimeValue, Class_ID type) override {
+        return type == triObjectClassID ? this : nullptr;
+    }
+    ObjectState Eval(TimeValue) override { return ObjectState(this); }
+    CreateMouseCallBack* GetCreateMouseCallBack() override { return nullptr; }
+    RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override {
+        return REF_SUCCEED;
+    }
+};
+
 class Geometry : public AdaptorFixture {
   protected:
     CMAXNode* makeMesh(const CMesh& mesh, CMAXNode* parent = nullptr) {
@@ -325,11 +341,15 @@ TEST_F(Geometry, HelpersTakeShapeColorAndSwitches) {
     EXPECT_EQ(point->hostNode()->GetWireColor(), 0x00FF0000u);
     point->releaseHelperSnapshot(other);
 
+    CMAXNode* const box = wrapObject(GEOMOBJECT_CLASS_ID, BOXOBJ_CLASS_ID);
     CMAXNode* const mesh = makeMesh(CMesh());
-    CoreNode::Snapshot_Helper* const written = mesh->acquireHelperSnapshot();
-    written->setMesh(square());
-    EXPECT_EQ(meshAt(mesh, 0).faces, square().faces);
-    mesh->releaseHelperSnapshot(written);
+    auto* const another = new CMAXNode(&owner, "mesh", nullptr, ip().CreateObjectNode(new OtherMesh));
+    for (CMAXNode* const target : {box, mesh, another}) {
+        CoreNode::Snapshot_Helper* const written = target->acquireHelperSnapshot();
+        written->setMesh(square());
+        EXPECT_EQ(meshAt(target, 0).faces == square().faces, target != box) << "a box keeps its own shape";
+        target->releaseHelperSnapshot(written);
+    }
 }
 
 TEST(PackedColor, TruncatesAndWraps) {
