@@ -36,16 +36,18 @@ int CMAXNode::CMAXSnapshot_Shape::setCurve(int index) {
 double CMAXNode::CMAXSnapshot_Shape::getCurveLength() {
     return guarded("getCurveLength", 0.0, [&] {
         ShapeObject* const shape = usableObject();
-        return shape ? static_cast<double>(shape->LengthOfCurve(ticks, curve)) : 0.0;
+        const int index = shape ? usableCurve(*shape) : -1;
+        return index >= 0 ? static_cast<double>(shape->LengthOfCurve(ticks, index)) : 0.0;
     });
 }
 
 Point3d CMAXNode::CMAXSnapshot_Shape::getPoint(double parameter) {
     return guarded("getPoint", Point3d(), [&] {
         ShapeObject* const shape = usableObject();
-        if (!shape) return Point3d();
+        const int index = shape ? usableCurve(*shape) : -1;
+        if (index < 0) return Point3d();
         const Point3 point =
-            shape->InterpCurve3D(ticks, curve, static_cast<float>(parameter), PARAM_NORMALIZED);
+            shape->InterpCurve3D(ticks, index, static_cast<float>(parameter), PARAM_NORMALIZED);
         return Point3d{point.x, point.y, point.z};
     });
 }

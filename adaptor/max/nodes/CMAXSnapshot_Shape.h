@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+
 #include "adaptor/max/nodes/CMAXNode.h"
 
 namespace qvo::zmx::adaptor::max {
@@ -26,6 +28,9 @@ class CMAXNode::CMAXSnapshot_Shape : public core::CoreNode::Snapshot_Shape {
   private:
     /// The object, or null when it is not the node's any more.
     ShapeObject* usableObject() const;
+
+    /// The selected curve, or the last one when there are fewer by now; -1 when there is none.
+    int usableCurve(ShapeObject& shape) const { return std::min(curve, shape.NumberOfCurves() - 1); }
 };
 
 }  // namespace qvo::zmx::adaptor::max

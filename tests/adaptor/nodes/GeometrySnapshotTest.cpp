@@ -311,7 +311,12 @@ TEST_F(Geometry, ShapesAreSampledByLength) {
     EXPECT_EQ(snapshot->getCurve(), 1) << "kept from one acquisition to the next";
     snapshot->setCurve(-3);
     EXPECT_EQ(snapshot->getCurve(), 0);
+    snapshot->setCurve(1);
+    shape->setCurves({line({Point3(0.0f, 0.0f, 0.0f), Point3(0.0f, 0.0f, 6.0f)})});
+    EXPECT_NEAR(snapshot->getCurveLength(), 6, 1e-5) << "the selected curve is gone, the last one stands in";
+    EXPECT_NEAR(snapshot->getPoint(0.5).z, 3, 1e-5);
     shape->setCurves({});
+    EXPECT_EQ(snapshot->getCurveLength(), 0);
     EXPECT_EQ(snapshot->setCurve(5), 0);
     EXPECT_EQ(snapshot->getCurve(), 0);
     node->releaseShapeSnapshot(snapshot);
