@@ -197,9 +197,11 @@ void CMAXNode::getAnnotations(util::ReturnValue<std::vector<std::string>>& resul
 
 core::CoreNode::Snapshot* CMAXNode::acquireSnapshot(double seconds) {
     return guarded("acquireSnapshot", static_cast<Snapshot*>(nullptr), [&]() -> Snapshot* {
-        if (!hostNode()) return nullptr;
+        INode* const node = hostNode();
+        if (!node) return nullptr;
         CMAXSnapshot& snapshot = snapshots_.acquire([&] { return new CMAXSnapshot(*this); });
         snapshot.current = this;
+        snapshot.node = HostNodeRef(node);
         snapshot.time = seconds;
         snapshot.ticks = ticksFromSeconds(seconds);
         return &snapshot;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "adaptor/max/Host.h"
+#include "adaptor/max/nodes/HostNodeRef.h"
 #include "adaptor/max/nodes/SnapshotPool.h"
 #include "core/CoreNode.h"
 
@@ -17,7 +18,8 @@ class NodeInstanceRestoreObj;
 /// the core owns and gives back. The host node may die at any time: the wrapper remembers its handle and asks
 /// the host before each use; a dead or null host node gives empty, null, false, 0 or no action.
 ///
-/// The wrapper owns its snapshots. It never deletes the host node by itself.
+/// The wrapper owns its snapshots, but for those still lent when it dies: they know the host node by
+/// themselves and stay good. It never deletes the host node by itself.
 class CMAXNode : public core::CoreNode {
   public:
     class CMAXSnapshot;

@@ -8,7 +8,7 @@ namespace qvo::zmx::adaptor::max {
 /// reads as the identity and cannot be written.
 class CMAXNode::CMAXSnapshot : public core::CoreNode::Snapshot {
   public:
-    explicit CMAXSnapshot(CMAXNode& node) : wrapper(&node), owner(node.owner), current(&node) {}
+    explicit CMAXSnapshot(CMAXNode& from) : wrapper(&from), owner(from.owner), current(&from) {}
 
     int setLocalTransform(const Matrix4& transform) override;
     Matrix4 getLocalTransform() override;
@@ -22,16 +22,15 @@ class CMAXNode::CMAXSnapshot : public core::CoreNode::Snapshot {
     bool acquired = false;  ///< lent to the core
     TimeValue ticks = 0;
     double time = 0.0;  ///< seconds
+    HostNodeRef node;   ///< of the present acquisition
 
   private:
-    INode* hostNode() const { return current ? current->hostNode() : nullptr; }
-
     /// What a local transform is relative to, in host space: the parent's transform, or the core's base at
     /// the top level.
-    Matrix4 reference(INode& node) const;
+    Matrix4 reference(INode& target) const;
 
     /// Sets the node's transform, given in host space, and tells its dependents; the result of telling them.
-    int setHostTransform(INode& node, const Matrix4& transform) const;
+    int setHostTransform(INode& target, const Matrix4& transform) const;
 };
 
 }  // namespace qvo::zmx::adaptor::max

@@ -39,7 +39,7 @@ DWORD packedColor(float red, float green, float blue) {
 }
 
 Object* CMAXNode::CMAXSnapshot_Helper::usableObject() const {
-    INode* const present = usableNode();
+    INode* const present = node.get();
     return present && present->GetObjectRef() == object ? object : nullptr;
 }
 
@@ -60,7 +60,7 @@ void CMAXNode::CMAXSnapshot_Helper::setMesh(const util::CMesh& mesh) {
             writeHostMesh(mesh, triangles->GetMesh());
             notifyMeshChanged(*triangles, triangles->GetMesh());
         } else {
-            util::logLine(util::Log::kWarning, "Node ", usableNode()->GetName(), " cannot show a shape");
+            util::logLine(util::Log::kWarning, "Node ", node.get()->GetName(), " cannot show a shape");
         }
     });
 }
@@ -68,7 +68,7 @@ void CMAXNode::CMAXSnapshot_Helper::setMesh(const util::CMesh& mesh) {
 void CMAXNode::CMAXSnapshot_Helper::setColor(float red, float green, float blue) {
     guarded("setColor", [&] {
         if (CustomHelperObject* const helper = customHelper()) helper->setColor(red, green, blue);
-        if (INode* const present = usableNode()) present->SetWireColor(packedColor(red, green, blue));
+        if (INode* const present = node.get()) present->SetWireColor(packedColor(red, green, blue));
     });
 }
 

@@ -20,11 +20,9 @@ class CMAXNode::CMAXSnapshot_Helper : public core::CoreNode::Snapshot_Helper {
     CMAXNode* wrapper;  ///< null once the wrapper is gone
     bool acquired = false;
     Object* object = nullptr;  ///< the node's object at the acquisition; not owned
-    INode* node = nullptr;
+    HostNodeRef node;
 
   private:
-    INode* usableNode() const { return wrapper ? wrapper->hostNode() : nullptr; }
-
     /// The object, or null when it is not the node's any more.
     Object* usableObject() const;
 

@@ -11,8 +11,8 @@ constexpr double kDegreesPerRadian = 57.29577951308232;
 }  // namespace
 
 GenCamera* CMAXNode::CMAXSnapshot_Lens::usableObject() const {
-    INode* const node = wrapper ? wrapper->hostNode() : nullptr;
-    return node && node->GetObjectRef() == object ? object : nullptr;
+    INode* const present = node.get();
+    return present && present->GetObjectRef() == object ? object : nullptr;
 }
 
 void CMAXNode::CMAXSnapshot_Lens::setFieldOfView(double degrees) {

@@ -23,6 +23,7 @@ class CMAXNode::CMAXSnapshot_Lens : public core::CoreNode::Snapshot_Lens {
     GenCamera* object = nullptr;  ///< the node's object at the acquisition; not owned
     TimeValue ticks = 0;
     double time = 0.0;  ///< seconds
+    HostNodeRef node;
 
   private:
     /// The object, or null when it is not the node's any more.

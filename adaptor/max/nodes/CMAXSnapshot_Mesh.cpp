@@ -34,7 +34,7 @@ void CMAXNode::CMAXSnapshot_Mesh::freeOwnObject() {
 
 void CMAXNode::CMAXSnapshot_Mesh::evaluate(INode& hostNode, TimeValue ticks) {
     freeOwnObject();
-    node = &hostNode;
+    node = HostNodeRef(&hostNode);
     const bool dynamic = UtilityManager::instance().options().value(kDynamicMeshesOption);
     if (!dynamic && (object = sharedObjects().find(hostNode))) {
         shared_ = true;
@@ -57,7 +57,7 @@ void CMAXNode::CMAXSnapshot_Mesh::evaluate(INode& hostNode, TimeValue ticks) {
 
 TriObject* CMAXNode::CMAXSnapshot_Mesh::usableObject() {
     if (!object || ownsObject) return object;
-    INode* const present = wrapper ? wrapper->hostNode() : nullptr;
+    INode* const present = node.get();
     if (!present || (shared_ && sharedObjects().find(*present) != object)) object = nullptr;
     return object;
 }

@@ -33,7 +33,7 @@ class CMAXNode::CMAXSnapshot_Mesh : public core::CoreNode::Snapshot_Mesh {
     bool acquired = false;
     bool ownsObject = false;
     TriObject* object = nullptr;  ///< whose mesh is read and written; null: none
-    INode* node = nullptr;
+    HostNodeRef node;
 
   private:
     /// The object, or null when it has been deleted since the acquisition.

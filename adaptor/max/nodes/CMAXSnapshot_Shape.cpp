@@ -17,8 +17,8 @@ constexpr double kTangentStep = 0.00001;
 }  // namespace
 
 ShapeObject* CMAXNode::CMAXSnapshot_Shape::usableObject() const {
-    INode* const node = wrapper ? wrapper->hostNode() : nullptr;
-    return node && node->GetObjectRef() == object ? object : nullptr;
+    INode* const present = node.get();
+    return present && present->GetObjectRef() == object ? object : nullptr;
 }
 
 int CMAXNode::CMAXSnapshot_Shape::numberOfCurves() {

@@ -24,6 +24,7 @@ class CMAXNode::CMAXSnapshot_Shape : public core::CoreNode::Snapshot_Shape {
     TimeValue ticks = 0;
     double time = 0.0;  ///< seconds
     int curve = 0;      ///< kept from one acquisition to the next
+    HostNodeRef node;
 
   private:
     /// The object, or null when it is not the node's any more.

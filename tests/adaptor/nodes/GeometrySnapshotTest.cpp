@@ -1,5 +1,7 @@
 #include <array>
 #include <cmath>
+#include <memory>
+#include <type_traits>
 
 #include "adaptor/max/nodes/CMAXSnapshot_Helper.h"
 #include "adaptor/max/nodes/CustomHelperObject.h"
@@ -217,6 +219,32 @@ TEST_F(Geometry, SnapshotsLoseConvertedObjectsThatAreGone) {
         adaptor().endUndoGroup();
         host.reset();
     }
+}
+
+TEST_F(Geometry, LentSnapshotsOutliveTheirWrapper) {
+    const auto lent = [](CMAXNode* node, auto acquire) {
+        auto* const view = new CMAXNode(nullptr, node->hostNode());
+        auto* const snapshot = acquire(*view);
+        view->destroy();
+        return std::unique_ptr<std::remove_pointer_t<decltype(snapshot)>>(snapshot);
+    };
+    CMAXNode* const box = wrapObject(GEOMOBJECT_CLASS_ID, BOXOBJ_CLASS_ID);
+    const auto look = lent(box, [](CMAXNode& view) { return view.acquireHelperSnapshot(); });
+    look->setColor(0, 0, 1);
+    EXPECT_EQ(box->hostNode()->GetWireColor(), 0x00FF0000u);
+    const auto mesh = lent(box, [](CMAXNode& view) { return view.acquireMeshSnapshot(0); });
+    EXPECT_EQ(mesh->getMesh().vertices.size(), 8u);
+    CMAXNode* const camera = wrapObject(CAMERA_CLASS_ID, SIMPLE_CAM_CLASS_ID);
+    const auto lens = lent(camera, [](CMAXNode& view) { return view.acquireLensSnapshot(0); });
+    lens->setTargetDistance(12);
+    EXPECT_EQ(lens->getTargetDistance(), 12);
+    CMAXNode* const spline = wrapObject(SHAPE_CLASS_ID, SPLINESHAPE_CLASS_ID);
+    auto* const curves = static_cast<maxhost::SplineShape*>(spline->hostNode()->GetObjectRef());
+    curves->setCurves({maxhost::SplineCurve::polyline({Point3(0, 0, 0), Point3(1, 0, 0)}, false)});
+    const auto shape = lent(spline, [](CMAXNode& view) { return view.acquireShapeSnapshot(0); });
+    EXPECT_EQ(shape->numberOfCurves(), 1);
+    host.reset();
+    EXPECT_EQ(shape->numberOfCurves(), 0);
 }
 
 TEST_F(Geometry, RaysHitInObjectSpace) {

@@ -105,11 +105,16 @@ TEST_F(NodeWrapper, SnapshotsAreReusedOnceReleased) {
     EXPECT_EQ(node->acquireSnapshot(3), first);
     node->releaseSnapshot(nullptr);
 
+    INode* const hostNode = node->hostNode();
     node->deleteNode(false);
     EXPECT_NE(log().find("Encountered still acquired snapshot"), std::string::npos);
-    Matrix4 anything = kIdentityMatrix4;
-    EXPECT_EQ(first->setWorldTransform(anything), 0);
-    EXPECT_DOUBLE_EQ(first->getWorldTransform().m[3][3], 1);
+    Matrix4 place = kIdentityMatrix4;
+    place.m[3][0] = 2;
+    EXPECT_NE(first->setWorldTransform(place), 0) << "what is lent outlives the wrapper";
+    EXPECT_NEAR(second->getWorldTransform().m[3][0], 2, 1e-6);
+    ip().DeleteNode(hostNode, TRUE, FALSE);
+    EXPECT_EQ(first->setWorldTransform(place), 0);
+    EXPECT_DOUBLE_EQ(first->getWorldTransform().m[3][0], 0);
     delete first;
     delete second;
 }
