@@ -5,11 +5,15 @@
 #include "util/Log.h"
 
 namespace qvo::zmx::adaptor::max {
+namespace {
 
-Matrix4 CMAXNode::CMAXSnapshot::reference(INode& target) const {
-    INode* const parent = target.GetParentNode();
-    return parent && !parent->IsRootNode() ? widened(parent->GetNodeTM(ticks)) : hostFromCore();
+/// Null at the top level.
+INode* parentOf(INode& node) {
+    INode* const parent = node.GetParentNode();
+    return parent && !parent->IsRootNode() ? parent : nullptr;
 }
+
+}  // namespace
 
 int CMAXNode::CMAXSnapshot::setHostTransform(INode& target, const Matrix4& transform) const {
     Matrix3 hostTransform = narrowed(transform);
@@ -40,16 +44,20 @@ Matrix4 CMAXNode::CMAXSnapshot::getLocalTransform() {
         INode* const present = node.get();
         if (!present) return kIdentityMatrix4;
         const Matrix4 world = widened(present->GetNodeTM(ticks));
-        const auto fromReference = affineInverse(reference(*present));
-        return fromReference ? world * *fromReference
-                             : world;  // a collapsed parent leaves the world transform
+        INode* const parent = parentOf(*present);
+        if (!parent) return world * coreFromHost();
+        const auto fromParent = affineInverse(widened(parent->GetNodeTM(ticks)));
+        return fromParent ? world * *fromParent : world;  // a collapsed parent leaves the world transform
     });
 }
 
 int CMAXNode::CMAXSnapshot::setLocalTransform(const Matrix4& transform) {
     return guarded("setLocalTransform", 0, [&] {
         INode* const present = node.get();
-        return present ? setHostTransform(*present, transform * reference(*present)) : 0;
+        if (!present) return 0;
+        INode* const parent = parentOf(*present);
+        return setHostTransform(*present,
+                                transform * (parent ? widened(parent->GetNodeTM(ticks)) : hostFromCore()));
     });
 }
 

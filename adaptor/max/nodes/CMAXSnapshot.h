@@ -5,7 +5,8 @@
 namespace qvo::zmx::adaptor::max {
 
 /// A host node's transform at one moment. Reads and writes go straight to the host node; one that is gone
-/// reads as the identity and cannot be written.
+/// reads as the identity and cannot be written. A local transform is in the parent's space, in host units; at
+/// the top level it is the world transform.
 class CMAXNode::CMAXSnapshot : public core::CoreNode::Snapshot {
   public:
     explicit CMAXSnapshot(CMAXNode& from) : wrapper(&from), owner(from.owner), current(&from) {}
@@ -25,10 +26,6 @@ class CMAXNode::CMAXSnapshot : public core::CoreNode::Snapshot {
     HostNodeRef node;   ///< of the present acquisition
 
   private:
-    /// What a local transform is relative to, in host space: the parent's transform, or the core's base at
-    /// the top level.
-    Matrix4 reference(INode& target) const;
-
     /// Sets the node's transform, given in host space, and tells its dependents; the result of telling them.
     int setHostTransform(INode& target, const Matrix4& transform) const;
 };

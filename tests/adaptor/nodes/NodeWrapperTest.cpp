@@ -40,7 +40,10 @@ TEST_F(NodeWrapper, CorePointsAreYUpAndInMeters) {
         float scale;
         double perMeter;
     };
-    const Unit units[] = {{UNITS_INCHES, 1, 1 / 0.0254}, {UNITS_CENTIMETERS, 1, 100}, {UNITS_METERS, 2, 0.5}};
+    const Unit units[] = {{UNITS_INCHES, 1, 1 / 0.0254},
+                          {UNITS_FEET, 1, 1 / 0.3048},
+                          {UNITS_CENTIMETERS, 1, 100},
+                          {UNITS_METERS, 2, 0.5}};
     CMAXNode* const node = makeHelper("a");
     for (const Unit& unit : units) {
         SetMasterUnitInfo(unit.type, unit.scale);
@@ -52,9 +55,12 @@ TEST_F(NodeWrapper, CorePointsAreYUpAndInMeters) {
         EXPECT_NEAR(place.x, 1 * unit.perMeter, 1e-4);
         EXPECT_NEAR(place.y, -3 * unit.perMeter, 1e-4);
         EXPECT_NEAR(place.z, 2 * unit.perMeter, 1e-4);
-        for (const Matrix4& read : {snapshot->getWorldTransform(), snapshot->getLocalTransform()})
-            for (int i = 0; i < 16; ++i)
-                EXPECT_NEAR(read.m[i / 4][i % 4], core.m[i / 4][i % 4], 1e-6);
+        const Matrix4 world = snapshot->getWorldTransform();
+        const Matrix4 local = snapshot->getLocalTransform();
+        for (int i = 0; i < 16; ++i) {
+            EXPECT_NEAR(world.m[i / 4][i % 4], core.m[i / 4][i % 4], 1e-6);
+            EXPECT_EQ(local.m[i / 4][i % 4], world.m[i / 4][i % 4]) << "the same at the top level";
+        }
         node->releaseSnapshot(snapshot);
     }
 }
