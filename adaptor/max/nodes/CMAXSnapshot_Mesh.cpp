@@ -35,6 +35,7 @@ void CMAXNode::CMAXSnapshot_Mesh::freeOwnObject() {
 void CMAXNode::CMAXSnapshot_Mesh::evaluate(INode& hostNode, TimeValue ticks) {
     freeOwnObject();
     node = HostNodeRef(&hostNode);
+    ticks_ = ticks;
     const bool dynamic = UtilityManager::instance().options().value(kDynamicMeshesOption);
     if (!dynamic && (object = sharedObjects().find(hostNode))) {
         shared_ = true;
@@ -55,10 +56,17 @@ void CMAXNode::CMAXSnapshot_Mesh::evaluate(INode& hostNode, TimeValue ticks) {
     shared_ = true;
 }
 
+bool CMAXNode::CMAXSnapshot_Mesh::isHostsOwn(INode& present) const {
+    // Without modifiers the node refers to it; with some it is what they evaluate to.
+    return present.GetObjectRef() == object || present.EvalWorldState(ticks_, TRUE).obj == object;
+}
+
 TriObject* CMAXNode::CMAXSnapshot_Mesh::usableObject() {
     if (!object || ownsObject) return object;
     INode* const present = node.get();
-    if (!present || (shared_ && sharedObjects().find(*present) != object)) object = nullptr;
+    const bool usable =
+        present && (shared_ ? sharedObjects().find(*present) == object : isHostsOwn(*present));
+    if (!usable) object = nullptr;
     return object;
 }
 

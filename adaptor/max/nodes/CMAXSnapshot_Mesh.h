@@ -36,11 +36,15 @@ class CMAXNode::CMAXSnapshot_Mesh : public core::CoreNode::Snapshot_Mesh {
     HostNodeRef node;
 
   private:
-    /// The object, or null when it has been deleted since the acquisition.
+    /// The object, or null when it has been replaced or deleted since the acquisition.
     TriObject* usableObject();
+
+    /// Whether an object that the host owns is still the node's.
+    bool isHostsOwn(INode& present) const;
     void freeOwnObject();
 
     bool shared_ = false;  ///< the object is the adaptor's converted one
+    TimeValue ticks_ = 0;
 };
 
 }  // namespace qvo::zmx::adaptor::max

@@ -221,6 +221,16 @@ TEST_F(Geometry, SnapshotsLoseConvertedObjectsThatAreGone) {
     }
 }
 
+TEST_F(Geometry, SnapshotsLoseAMeshObjectThatIsReplaced) {
+    CMAXNode* const node = makeMesh(square());
+    CoreNode::Snapshot_Mesh* const snapshot = node->acquireMeshSnapshot(0);
+    node->hostNode()->SetObjectRef(CreateNewTriObject());
+    EXPECT_TRUE(snapshot->getMesh().vertices.empty());
+    snapshot->setMesh(square());
+    node->releaseMeshSnapshot(snapshot);
+    EXPECT_TRUE(meshAt(node, 0).vertices.empty());
+}
+
 TEST_F(Geometry, LentSnapshotsOutliveTheirWrapper) {
     const auto lent = [](CMAXNode* node, auto acquire) {
         auto* const view = new CMAXNode(nullptr, node->hostNode());
