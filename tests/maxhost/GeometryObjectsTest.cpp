@@ -101,6 +101,10 @@ TEST_F(ObjectsTest, DamagedMeshIsRefused) {
     qvo::zmx::test::ChunkSaver full;
     full.failAfter = 2;
     EXPECT_EQ(tri->Save(&full), IO_ERROR);
+
+    tri->mesh.setNumTVFaces(2);
+    qvo::zmx::test::ChunkLoader fewer(chunksOf(*tri));
+    EXPECT_EQ(tri->Load(&fewer), IO_ERROR) << "fewer texture faces than faces";
     tri->MaybeAutoDelete();
 }
 

@@ -41,8 +41,9 @@ struct Lists {
         const auto has = [](const auto& list, std::int32_t count) {
             return count >= 0 && list.size() == static_cast<size_t>(count);
         };
+        const bool noneOrAllTextured = counts.tvFaces == 0 || counts.tvFaces == counts.faces;
         return counts.version == kVersion && has(verts, counts.verts) && has(faces, counts.faces) &&
-               has(tVerts, counts.tVerts) && has(tvFaces, counts.tvFaces);
+               has(tVerts, counts.tVerts) && has(tvFaces, counts.tvFaces) && noneOrAllTextured;
     }
     void moveTo(Mesh& mesh) const {
         mesh.setNumVerts(counts.verts);

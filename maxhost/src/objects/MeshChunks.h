@@ -9,8 +9,9 @@ namespace maxhost {
 /// are kept as they are. IO_ERROR when the file cannot be written.
 IOResult saveMesh(ISave& save, const Mesh& mesh);
 
-/// Reads what saveMesh wrote. IO_ERROR, and `mesh` as it was, for another version and for lists that are not
-/// as long as the counts say; the counts themselves take no memory. Unknown chunks are skipped.
+/// Reads what saveMesh wrote. IO_ERROR, and `mesh` as it was, for another version, for lists that are not as
+/// long as the counts say, and for texture faces that are not as many as the faces; the counts themselves
+/// take no memory. Unknown chunks are skipped.
 IOResult loadMesh(ILoad& load, Mesh& mesh);
 
 }  // namespace maxhost
