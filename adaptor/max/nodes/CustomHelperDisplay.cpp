@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "adaptor/max/nodes/CustomHelperObject.h"
+#include "adaptor/max/services/Boundary.h"
 
 namespace qvo::zmx::adaptor::max {
 
@@ -92,30 +93,37 @@ void CustomHelperObject::drawLines(GraphicsWindow& window) {
 }
 
 int CustomHelperObject::Display(TimeValue t, INode* inode, ViewExp* vpt, int /*flags*/) {
-    rebuildDisplayMesh();
-    GraphicsWindow& window = *vpt->getGW();
-    const DWORD viewLimits = window.getRndLimits();
-    window.setRndLimits(renderLimits(viewLimits));
-    window.setTransform(inode->GetObjectTM(t));
-    drawShape(window);
-    drawLines(window);
-    window.setRndLimits(viewLimits);
-    return 1;
+    return guarded("Display", 0, [&] {
+        rebuildDisplayMesh();
+        GraphicsWindow& window = *vpt->getGW();
+        const DWORD viewLimits = window.getRndLimits();
+        window.setRndLimits(renderLimits(viewLimits));
+        window.setTransform(inode->GetObjectTM(t));
+        drawShape(window);
+        drawLines(window);
+        window.setRndLimits(viewLimits);
+        return 1;
+    });
 }
 
 int CustomHelperObject::HitTest(TimeValue t, INode* inode, int type, int crossing, int flags, IPoint2* p,
                                 ViewExp* vpt) {
-    rebuildDisplayMesh();
-    GraphicsWindow* const window = vpt->getGW();
-    window->setTransform(inode->GetObjectTM(t));
-    HitRegion region;
-    MakeHitRegion(region, type, crossing, kPickTolerance, p);
-    return displayMesh_.select(window, inode->Mtls(), &region, flags & HIT_ABORTONHIT, inode->NumMtls());
+    return guarded("HitTest", 0, [&] {
+        rebuildDisplayMesh();
+        GraphicsWindow* const window = vpt->getGW();
+        window->setTransform(inode->GetObjectTM(t));
+        HitRegion region;
+        MakeHitRegion(region, type, crossing, kPickTolerance, p);
+        return displayMesh_.select(window, inode->Mtls(), &region, flags & HIT_ABORTONHIT, inode->NumMtls());
+    });
 }
 
 void CustomHelperObject::GetLocalBoundBox(TimeValue /*t*/, INode* /*inode*/, ViewExp* /*vpt*/, Box3& box) {
-    rebuildDisplayMesh();
-    box = displayMesh_.getBoundingBox();
+    box.Init();
+    guarded("GetLocalBoundBox", [&] {
+        rebuildDisplayMesh();
+        box = displayMesh_.getBoundingBox();
+    });
 }
 
 void CustomHelperObject::GetWorldBoundBox(TimeValue t, INode* inode, ViewExp* vpt, Box3& box) {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <memory>
 
 #include "adaptor/max/plugin/ClassIds.h"
 #include "adaptor/max/services/Boundary.h"
@@ -119,12 +120,15 @@ RefResult CustomHelperObject::NotifyRefChanged(Interval /*changeInt*/, RefTarget
 }
 
 RefTargetHandle CustomHelperObject::Clone(RemapDir& remap) {
-    CustomHelperObject* const copy = new CustomHelperObject;  // the host's
-    copy->shape_ = shape_;
-    copy->color_ = color_;
-    copy->flags_ = flags_;
-    BaseClone(this, copy, remap);
-    return copy;
+    return guarded("Clone", static_cast<RefTargetHandle>(nullptr), [&]() -> RefTargetHandle {
+        const auto discard = [](CustomHelperObject* copy) { copy->DeleteThis(); };
+        std::unique_ptr<CustomHelperObject, decltype(discard)> copy(new CustomHelperObject, discard);
+        copy->shape_ = shape_;
+        copy->color_ = color_;
+        copy->flags_ = flags_;
+        BaseClone(this, copy.get(), remap);
+        return copy.release();  // the host's
+    });
 }
 
 IOResult CustomHelperObject::Save(ISave* isave) {
@@ -144,12 +148,13 @@ IOResult CustomHelperObject::Save(ISave* isave) {
 
 IOResult CustomHelperObject::Load(ILoad* iload) {
     const IOResult result = guarded("Load", IO_ERROR, [&] {
-        while (iload->OpenChunk() == IO_OK) {
+        IOResult opened = iload->OpenChunk();
+        for (; opened == IO_OK; opened = iload->OpenChunk()) {
             const IOResult chunk = loadChunk(*iload);
             if (chunk != IO_OK) return chunk;
             iload->CloseChunk();
         }
-        return IO_OK;
+        return opened == IO_END ? IO_OK : opened;
     });
     if (result != IO_OK) util::logLine(Log::kError, "Unable to read a helper object of the scene");
     return result;

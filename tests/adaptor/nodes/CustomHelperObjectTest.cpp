@@ -121,6 +121,12 @@ TEST(CustomHelperObject, DamagedChunksLoadAsFarAsTheyGo) {
     overstated.push_back({77, "unknown"});
     EXPECT_EQ(described(*loaded(overstated)), described(*loaded(whole)));
 
+    const Helper untouched = makeHelper();
+    ChunkLoader broken(whole);
+    broken.OpenChunk();  // no further chunk can be opened before this one is closed
+    EXPECT_EQ(untouched->Load(&broken), IO_ERROR);
+    EXPECT_EQ(described(*untouched), described(*makeHelper()));
+
     ChunkList blind = whole;
     const float notANumber = std::numeric_limits<float>::quiet_NaN();
     blind[2].bytes.replace(4, 4, bytesOf(&notANumber, 4));
