@@ -58,18 +58,25 @@ void refreshMotionPanel(const TransformControl& controller) {
     ip->SetCommandPanelTaskMode(TASK_MODE_MOTION);
 }
 
-/// Puts what `makeReplacement` gives in place of `control`, inside a hold. `control` must not be used
-/// afterwards.
-template <typename MakeReplacement>
-void replaceControl(Control& control, const char* undoName, MakeReplacement makeReplacement) {
+/// Puts a controller of the host's class, filled by `bake`, in place of `control`, inside a hold. `control`
+/// must not be used afterwards.
+template <typename Bake>
+void replaceControl(Control& control, const char* undoName, const Class_ID& hostClass, Bake bake) {
     guarded(undoName, [&] {
         if (!control.HasDependents()) return;
         HoldScope hold(undoName);
-        Control* const replacement = makeReplacement();
+        Control* const replacement = createHostControl(control.SuperClassID(), hostClass);
         if (!replacement) {
             util::logLine(util::Log::kError, undoName, ": the host cannot make the new controller");
             hold.cancel();
             return;
+        }
+        try {
+            bake(*replacement);
+        } catch (...) {
+            hold.cancel();  // first: what was recorded refers to the replacement
+            replacement->DeleteMe();
+            throw;
         }
         replacement->TransferReferences(&control, TRUE);
     });
@@ -100,14 +107,36 @@ TransformControl* ownTransformControl(Control* control) {
     return ownControl<TransformControl>(control, CTRL_MATRIX3_CLASS_ID, kTransformControlClassId);
 }
 
+bool isModified(Object& object) {
+    return object.SuperClassID() == DERIVOB_CLASS_ID || object.SuperClassID() == WSM_DERIVOB_CLASS_ID;
+}
+
+/// `target` as an object, null when it is something else. By its super class: an object of the host's may
+/// lack what a dynamic cast needs.
+Object* asObject(ReferenceTarget* target) {
+    switch (target ? target->SuperClassID() : 0) {
+        case DERIVOB_CLASS_ID:
+        case WSM_DERIVOB_CLASS_ID:
+        case GEOMOBJECT_CLASS_ID:
+        case CAMERA_CLASS_ID:
+        case LIGHT_CLASS_ID:
+        case SHAPE_CLASS_ID:
+        case HELPER_CLASS_ID:
+        case SYSTEM_CLASS_ID:
+        case WSM_OBJECT_CLASS_ID:
+            return static_cast<Object*>(target);
+        default:
+            return nullptr;
+    }
+}
+
 /// Below its modifiers a modified object refers to the object that it modifies.
 Object* baseObject(INode& node) {
     Object* object = node.GetObjectRef();
-    while (object &&
-           (object->SuperClassID() == DERIVOB_CLASS_ID || object->SuperClassID() == WSM_DERIVOB_CLASS_ID)) {
+    while (object && isModified(*object)) {
         Object* below = nullptr;
         for (int i = 0; i < object->NumRefs() && !below; ++i)
-            below = dynamic_cast<Object*>(object->GetReference(i));
+            below = asObject(object->GetReference(i));
         object = below;
     }
     return object;
@@ -123,21 +152,17 @@ void convertScalarsIn(Animatable& group) {
 }  // namespace
 
 void convertToPRS(TransformControl& controller) {
-    replaceControl(controller, "Convert to PRS controller", [&]() -> Control* {
-        Control* const prs = createHostControl(CTRL_MATRIX3_CLASS_ID, Class_ID(PRS_CONTROL_CLASS_ID, 0));
-        if (!prs) return nullptr;
-        bakeTransform(controller, *prs);
+    const Class_ID prs(PRS_CONTROL_CLASS_ID, 0);
+    replaceControl(controller, "Convert to PRS controller", prs, [&](Control& replacement) {
+        bakeTransform(controller, replacement);
         refreshMotionPanel(controller);
-        return prs;
     });
 }
 
 void convertToScalar(ScalarControl& controller) {
-    replaceControl(controller, "Convert to Scalar controller", [&]() -> Control* {
-        Control* const linear = createHostControl(CTRL_FLOAT_CLASS_ID, Class_ID(LININTERP_FLOAT_CLASS_ID, 0));
-        if (linear) bakeScalar(controller, *linear);
-        return linear;
-    });
+    const Class_ID linear(LININTERP_FLOAT_CLASS_ID, 0);
+    replaceControl(controller, "Convert to Scalar controller", linear,
+                   [&](Control& replacement) { bakeScalar(controller, replacement); });
 }
 
 void convertAllTransformControls() {

@@ -1,5 +1,7 @@
 #include "adaptor/max/controllers/Conversion.h"
 
+#include <new>
+
 #include "maxhost/src/host/Host.h"
 #include "resources/resource.h"
 #include "tests/adaptor/controllers/ControllerTest.h"
@@ -48,6 +50,27 @@ class ParameterObject final : public HelperObject {
     }
     CreateMouseCallBack* GetCreateMouseCallBack() override { return nullptr; }
     ObjectState Eval(TimeValue /*t*/) override { return ObjectState(this); }
+};
+
+/// Makes controllers in place of the host's own that cannot take a value.
+class FailingClass final : public PluginClassDesc {
+  public:
+    class Failing final : public Control {
+      public:
+        void DeleteThis() override { delete this; }
+        SClass_ID SuperClassID() override { return CTRL_MATRIX3_CLASS_ID; }
+        void GetValue(TimeValue, void*, Interval&, GetSetMethod) override {}
+        void SetValue(TimeValue, void*, int, GetSetMethod) override { throw std::bad_alloc(); }
+        void Copy(Control*) override {}
+        RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override {
+            return REF_SUCCEED;
+        }
+    };
+
+    void* Create(BOOL /*loading*/) override { return new Failing; }
+    const TCHAR* ClassName() override { return "Failing"; }
+    SClass_ID SuperClassID() override { return CTRL_MATRIX3_CLASS_ID; }
+    Class_ID ClassID() override { return Class_ID(PRS_CONTROL_CLASS_ID, 0); }
 };
 
 class Conversion : public ControllerTest {
@@ -143,12 +166,16 @@ TEST_F(Conversion, InsideAHoldItAcceptsNothing) {
     EXPECT_EQ(host.undoNames(), std::vector<std::string>{"edit"});
 }
 
-TEST_F(Conversion, AClassThatTheHostCannotMakeLeavesEverythingAsItWas) {
+TEST_F(Conversion, AClassThatTheHostCannotMakeOrFillLeavesEverythingAsItWas) {
     maxhost::ClassDirectory& classes = maxhost::Host::instance().classes();
     ClassDesc* const prsClass = classes.find(CTRL_MATRIX3_CLASS_ID, kPrs);
     bakeNode();
     classes.remove(prsClass);
     convertNodeTransform(node());
+    FailingClass failing;
+    classes.add(&failing);
+    convertNodeTransform(node());
+    classes.remove(&failing);
     classes.add(prsClass);
     EXPECT_EQ(install().keys().size(), 3);
     EXPECT_FALSE(theHold.Holding());
