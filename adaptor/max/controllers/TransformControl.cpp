@@ -14,11 +14,11 @@
 namespace qvo::zmx::adaptor::max {
 namespace {
 
-/// The inverse; the identity, with a line in the log, when there is none.
-Matrix4 inverseOrIdentity(const Matrix3& matrix, const char* what) {
-    if (const std::optional<Matrix4> inverse = affineInverse(widened(matrix))) return *inverse;
-    util::logLine(util::Log::kWarning, "Set transform: the ", what, " is singular and is left out");
-    return kIdentityMatrix4;
+/// The inverse; the identity, and `singular` set, when there is none.
+Matrix4 inverseOrIdentity(const Matrix3& matrix, bool& singular) {
+    const std::optional<Matrix4> inverse = affineInverse(widened(matrix));
+    if (!inverse) singular = true;
+    return inverse.value_or(kIdentityMatrix4);
 }
 
 /// The packet's own change, in its axis system.
@@ -38,12 +38,13 @@ Matrix4 increment(const SetXFormPacket& packet) {
     return kIdentityMatrix4;
 }
 
-/// The local matrix after a packet's command, applied to the local matrix `local`.
-Matrix4 applied(const SetXFormPacket& packet, const Matrix4& local) {
-    const Matrix4 toLocal = inverseOrIdentity(packet.tmParent, "parent");
+/// The local matrix after a packet's command, applied to the local matrix `local`. A singular parent or axis
+/// system is left out.
+Matrix4 applied(const SetXFormPacket& packet, const Matrix4& local, bool& singular) {
+    const Matrix4 toLocal = inverseOrIdentity(packet.tmParent, singular);
     const Matrix4 axes = widened(packet.tmAxis);
     if (packet.command == XFORM_SET) return local * axes * toLocal;
-    const Matrix4 toAxes = inverseOrIdentity(packet.tmAxis, "axis system");
+    const Matrix4 toAxes = inverseOrIdentity(packet.tmAxis, singular);
     return local * widened(packet.tmParent) * toAxes * increment(packet) * axes * toLocal;
 }
 
@@ -88,7 +89,10 @@ void TransformControl::SetValue(TimeValue t, void* val, int /*commit*/, GetSetMe
     const bool isRelative = method == CTRL_RELATIVE;
     if (isRelative && isStale()) cache(evaluate(t, &packet.tmParent));
     const Matrix4 start = isRelative ? widened(current_.value) : kIdentityMatrix4;
-    setValueAt(t, narrowed(applied(packet, start)));
+    bool singular = false;
+    setValueAt(t, narrowed(applied(packet, start, singular)));
+    if (!singular || std::exchange(toldSingular_, true)) return;  // a drag sets many values
+    util::logLine(util::Log::kWarning, "Set transform: a singular parent or axis system is left out");
 }
 
 BOOL TransformControl::ChangeParents(TimeValue /*t*/, const Matrix3& oldP, const Matrix3& newP,

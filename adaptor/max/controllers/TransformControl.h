@@ -50,6 +50,7 @@ class TransformControl : public BaseControl<Matrix3> {
     Matrix3 blendedAt(TimeValue t, const Key& left, const Key& right, const Matrix3* parent) const;
     void forgetPage();
 
+    bool toldSingular_ = false;  ///< the log holds a line on a parent or axis system without an inverse
     HWND page_ = nullptr;
     Interface* pageInterface_ = nullptr;
     ControlListEntry<TransformControl> listEntry_;

@@ -1,6 +1,7 @@
 #include "adaptor/max/controllers/Interpolation.h"
 #include "adaptor/max/nodes/HostSpace.h"
 #include "tests/adaptor/controllers/ControllerTest.h"
+#include "util/Log.h"
 
 namespace qvo::zmx::test {
 namespace {
@@ -68,8 +69,13 @@ TEST_F(TransformControlTest, CommandsOfThePacket) {
     EXPECT_EQ(control->keys().size(), 3);
     EXPECT_SAME_TRANSFORM(worldAt(*control, 50, parent), a);
     const Matrix3 flat = ScaleMatrix(Point3(1, 0, 1));
-    setWorld(*control, 30, axes, flat);
+    const std::size_t logged = util::Log::contents().size();
+    for (int i = 0; i < 2; ++i)
+        setWorld(*control, 30, axes, flat);
     EXPECT_SAME_TRANSFORM(worldAt(*control, 30), axes);
+    const std::string said = util::Log::contents().substr(logged);
+    EXPECT_NE(said.find("singular"), std::string::npos);
+    EXPECT_EQ(said.find("singular"), said.rfind("singular")) << "told once";
 }
 
 TEST_F(TransformControlTest, ChangeOfParentKeepsTheWorldTransform) {
