@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <memory>
 #include <utility>
 
 #include "adaptor/max/controllers/ControlCompleteKeyRestore.h"
@@ -285,18 +286,16 @@ IOResult BaseControl<T>::Load(ILoad* iload) {
 template <typename T>
 RefTargetHandle BaseControl<T>::Clone(RemapDir& remap) {
     return guarded("Clone", static_cast<RefTargetHandle>(nullptr), [&]() -> RefTargetHandle {
-        auto* const instance =
-            static_cast<Control*>(GetCOREInterface()->CreateInstance(superClassId_, classId_));
-        auto* const clone = dynamic_cast<BaseControl*>(instance);
-        if (!clone) {
-            if (instance) instance->DeleteThis();
-            return nullptr;
-        }
+        const auto discard = [](Control* instance) { instance->DeleteThis(); };
+        std::unique_ptr<Control, decltype(discard)> instance(
+            static_cast<Control*>(GetCOREInterface()->CreateInstance(superClassId_, classId_)), discard);
+        auto* const clone = dynamic_cast<BaseControl*>(instance.get());
+        if (!clone) return nullptr;
         clone->keys_ = keys_;
         clone->current_ = current_;
         clone->unkeyed_ = unkeyed_;
         BaseClone(this, clone, remap);
-        return clone;
+        return instance.release();  // the host's
     });
 }
 
