@@ -6,14 +6,19 @@ namespace qvo::zmx::adaptor::max {
 class FrameGrid {
   public:
     /// Makes the host's rate `multiplier` times the user's. Ignored, with a warning, when the multiplier is
-    /// below 1 or above the host's rate, or leaves less than one tick for a frame.
+    /// below 1 or leaves less than one tick for a frame.
     void setMultiplier(int multiplier);
+
+    /// Nobody works on the finer grid any more: gives the host the user's rate back, unless the host has a
+    /// rate of its own by now, as with a scene opened since.
+    void letGo();
 
     /// Frames per second as the user sees them, at least 1.
     int userFrameRate() const;
 
   private:
     int multiplier_ = 1;
+    int rateSet_ = 0;  ///< the host's rate as the grid last left it, frames per second
 };
 
 }  // namespace qvo::zmx::adaptor::max

@@ -28,8 +28,7 @@ TEST_F(TimeServices, TheMultiplierRefinesTheHostsGridOnly) {
         int multiplier;
         int hostRate;
     };
-    const Row rows[] = {{4, 120},    {4, 120}, {0, 120}, {-3, 120}, {121, 120},
-                        {120, 3600}, {1, 30},  {31, 30}, {8, 240}};
+    const Row rows[] = {{4, 120}, {4, 120}, {0, 120}, {-3, 120}, {160, 4800}, {1, 30}, {161, 30}, {31, 930}};
     for (const Row& row : rows) {
         adaptor().setFrameRateMultiplier(row.multiplier);
         EXPECT_EQ(GetFrameRate(), row.hostRate) << "multiplier " << row.multiplier;
@@ -38,6 +37,21 @@ TEST_F(TimeServices, TheMultiplierRefinesTheHostsGridOnly) {
     }
     adaptor().letGoOfCore();
     EXPECT_EQ(GetFrameRate(), 30);
+}
+
+TEST_F(TimeServices, TheGridLeavesTheHostARateOfItsOwn) {
+    SetTicksPerFrame(170);  // 28 frames a second, which would give 171 ticks
+    adaptor().setFrameRateMultiplier(1);
+    EXPECT_EQ(GetTicksPerFrame(), 170);
+    FrameGrid grid;
+    for (const int opened : {0, 25}) {
+        SetFrameRate(30);
+        grid.setMultiplier(4);
+        if (opened) SetFrameRate(opened);  // as a scene that is opened meanwhile
+        grid.letGo();
+        EXPECT_EQ(GetFrameRate(), opened ? opened : 30);
+        EXPECT_EQ(grid.userFrameRate(), opened ? opened : 30);
+    }
 }
 
 TEST_F(TimeServices, KeyBatchesNestAndOnlyTheOutermostTouchesTheHost) {
