@@ -1,6 +1,5 @@
 #include "samples/mocap_core/FrameGrid.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <sstream>
@@ -46,22 +45,19 @@ double FrameGrid::exactFrameTime(double printed) {
 }
 
 void FrameGrid::chooseMultiplier() {
-    // The adaptor takes no multiplier above the user's rate, and none that leaves less than a tick a frame.
-    const int largest = std::min(userRate_, kTicksPerSecond / userRate_);
-    int finest = 0;
-    int finestEven = 0;
-    for (int candidate = 1; candidate <= largest; ++candidate) {
-        const int hostRate = userRate_ * candidate;
-        if (isWhole(hostRate * frameTime_)) {
+    const int ticksPerUserFrame = kTicksPerSecond / userRate_;  // above it a host frame has no tick left
+    int coarseEven = 1;
+    for (int candidate = 1; candidate <= ticksPerUserFrame; ++candidate) {
+        const bool isEven = ticksPerUserFrame % candidate == 0;
+        const bool isModest = candidate <= userRate_;
+        if (isWhole(userRate_ * candidate * frameTime_) && (isModest || isEven)) {
             multiplier_ = candidate;
             exact_ = true;
             return;
         }
-        finest = candidate;
-        if (kTicksPerSecond % hostRate == 0) finestEven = candidate;
+        if (isModest && isEven) coarseEven = candidate;
     }
-    const bool evenSuffices = finestEven > 0 && userRate_ * finestEven * frameTime_ >= 1.0;
-    multiplier_ = evenSuffices ? finestEven : finest;
+    multiplier_ = userRate_ * coarseEven * frameTime_ >= 1.0 ? coarseEven : ticksPerUserFrame;
     if (rate() * frameTime_ < 1.0)
         throw std::runtime_error("the clip's " + text(1.0 / frameTime_) +
                                  " frames per second are closer than the finest grid that a host at " +

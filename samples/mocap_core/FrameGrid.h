@@ -11,10 +11,11 @@ namespace qvo::zmx::mocap {
 /// ticks per frame = 4800 / frame rate, an integer division. The adaptor turns seconds into ticks by
 /// trunc((frame rate x seconds) x ticks per frame) and can make the frame rate a multiple of the user's.
 ///
-/// The grid is the smallest multiple on which every clip frame is a host frame of its own. Where no multiple
-/// within the adaptor's limits does that, it is the finest one whose ticks per frame come out without
-/// remainder (with a remainder the clip's length would change when the multiple is taken back), or else the
-/// finest at all, and each clip frame takes the host frame nearest to it.
+/// The grid is the smallest multiple on which every clip frame is a host frame of its own; a multiple above
+/// the user's rate counts only if it is even, that is, if its frames share a user's frame's ticks without
+/// remainder (with a remainder the clip's length would change when the multiple is taken back). Where there
+/// is none, each clip frame takes the host frame nearest to it on the largest even multiple up to the user's
+/// rate, or, where that is too coarse for the clip, on the ticks themselves.
 class FrameGrid {
   public:
     static constexpr int kTicksPerSecond = 4800;

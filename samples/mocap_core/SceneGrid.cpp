@@ -50,8 +50,8 @@ void SceneGrid::restore(const TakeRecord& take) {
                       "\" was made at ", take.userRate, ": the frame grid is left as it is");
         return;
     }
-    // The adaptor's own limits: what it refused would be remembered here all the same.
-    if (take.multiplier > userRate || take.multiplier * userRate > FrameGrid::kTicksPerSecond)
+    // The adaptor's own limit: what it refused would be remembered here all the same.
+    if (take.multiplier * userRate > FrameGrid::kTicksPerSecond)
         util::logLine(util::Log::kWarning, "The frame grid of \"", take.name, "\" is out of range");
     else
         setMultiplier(take.multiplier);
