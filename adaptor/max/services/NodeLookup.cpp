@@ -35,21 +35,19 @@ bool allFound(const std::vector<Entry>& entries) {
     return std::all_of(entries.begin(), entries.end(), [](const Entry& entry) { return entry.node; });
 }
 
-/// First hit in scene order, for the entries that are still open.
+/// Last hit in scene order, as the records have it.
 void findByTags(const std::string& ownerName, std::vector<Entry>& entries) {
-    std::unordered_multimap<std::string, Entry*> open;
+    std::unordered_multimap<std::string, Entry*> byName;
     for (Entry& entry : entries)
-        if (!entry.node) open.emplace(nameOf(entry), &entry);
+        byName.emplace(nameOf(entry), &entry);
     forEachSceneNode([&](INode& node) {
-        if (open.empty()) return;
         const auto text = readTagText(node);
         if (!text) return;
         const Element tag(*text);
         if (ownerNameOf(tag) != ownerName) return;
-        const auto wanted = open.equal_range(objectNameOf(tag));
+        const auto wanted = byName.equal_range(objectNameOf(tag));
         for (auto entry = wanted.first; entry != wanted.second; ++entry)
             entry->second->node = &node;
-        open.erase(wanted.first, wanted.second);
     });
 }
 

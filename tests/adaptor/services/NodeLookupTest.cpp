@@ -20,9 +20,8 @@ class NodeLookup : public TagScene {
     }
 };
 
-TEST_F(NodeLookup, TagsGiveTheFirstHitAndRecordsTheLast) {
-    INode& first = addNode("first", tagText("tool", "a"));
-    addNode("inner", tagText("tool", "a"), &first);
+TEST_F(NodeLookup, TheLastHitStaysInTagsAndInRecords) {
+    addNode("inner", tagText("tool", "a"), &addNode("first", tagText("tool", "a")));
     INode* const last = &addNode("last", tagText("tool", "a"));
     addNode("foreign", tagText("other", "a"));
     addNode("damaged", "<ZMK_tag><name>tool</name><objectname>b</objectname>");
@@ -30,7 +29,7 @@ TEST_F(NodeLookup, TagsGiveTheFirstHitAndRecordsTheLast) {
     addNode("glued", tagText("toola", "b"));
     const std::string request = "<node name=\"a\"/><other/><node name=\"ab\"/><node name=\"b\"/><node/>";
 
-    EXPECT_EQ(find("tool", request), "first - damaged -");
+    EXPECT_EQ(find("tool", request), "last - damaged -");
     EXPECT_EQ(find("other", request), "foreign - - -");
     EXPECT_EQ(find("", request), "- - - -");
     EXPECT_EQ(find("tool", ""), "");
