@@ -87,7 +87,7 @@ class Interface : public InterfaceServer {
     /// First match; null when there is none.
     virtual INode* GetINodeByName(const TCHAR* name) = 0;
 
-    /// Nonzero when the file was merged.
+    /// Nonzero when the file was merged. This host throws for a damaged file: plug-ins must be ready for it.
     virtual int MergeFromFile(const TCHAR* name, BOOL mergeAll = FALSE, BOOL selMerged = FALSE,
                               BOOL refresh = TRUE, int dupAction = MERGE_DUPS_PROMPT,
                               NameTab* mrgList = nullptr, int dupMtlAction = MERGE_DUP_MTL_PROMPT,

@@ -1,5 +1,7 @@
 #include "maxhost/src/host/HostInterface.h"
 
+#include <stdexcept>
+
 #include "maxhost/src/host/NodeCommands.h"
 #include "maxhost/src/host/SceneCommands.h"
 #include "maxhost/src/scene/Timing.h"
@@ -121,8 +123,10 @@ int HostInterface::MergeFromFile(const TCHAR* name, BOOL mergeAll, BOOL selMerge
     options.duplicates = dupAction;
     options.names = mrgList;
     options.reparent = reparentAction;
-    const bool merged = SceneCommands(host_).merge(name, options);
+    SceneCommands commands(host_);
+    const bool merged = commands.merge(name, options);
     redrawIf(refresh);
+    if (commands.fileWasDamaged()) throw std::runtime_error("the file to merge is damaged");
     return merged ? 1 : 0;
 }
 

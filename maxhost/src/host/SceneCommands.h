@@ -40,6 +40,9 @@ class SceneCommands {
     bool importFile(const TCHAR* path);
     bool exportFile(const TCHAR* path);
 
+    /// True when the last command on a file failed because the file, which was there, is no whole scene.
+    bool fileWasDamaged() const { return fileWasDamaged_; }
+
   private:
     template <class Work>
     bool attempt(const Work& work);
@@ -47,6 +50,7 @@ class SceneCommands {
     bool listNames(const TCHAR* path, NameTab* names);
 
     Host& host_;
+    bool fileWasDamaged_ = false;
 };
 
 }  // namespace maxhost

@@ -23,12 +23,18 @@ std::string pathOf(const TCHAR* path) {
     return path;
 }
 
+/// A file that could be opened but is no whole scene.
+class DamagedFile : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
 SceneDocument readDocument(const std::string& path, const ClassDirectory& classes) {
     const Bytes bytes = readFileBytes(path);
     try {
         return SceneReader::read({bytes.data(), bytes.size()}, classes);
     } catch (const std::exception& cause) {
-        throw std::runtime_error(path + ": " + cause.what());
+        throw DamagedFile(path + ": " + cause.what());
     }
 }
 
@@ -94,10 +100,12 @@ std::string loadUtilities(Host& host, const std::vector<UtilityPart>& parts) {
 template <class Work>
 bool SceneCommands::attempt(const Work& work) {
     host_.setMessage(std::string());
+    fileWasDamaged_ = false;
     try {
         work();
         return true;
     } catch (const std::exception& cause) {
+        fileWasDamaged_ = dynamic_cast<const DamagedFile*>(&cause) != nullptr;
         host_.setMessage(cause.what());
         return false;
     }
