@@ -47,16 +47,14 @@ class SavedSelection {
     std::unordered_set<ULONG> known_;
 };
 
-/// True when the host merged the file.
-bool mergeIntoHost(const std::string& path, Log& log) {
+void mergeIntoHost(const std::string& path, Log& log) {
     logLine(log, Log::kNotice, "Merging file...");
     try {
-        if (GetCOREInterface()->MergeFromFile(path.c_str(), TRUE, TRUE, TRUE, 0, nullptr, 0, 0)) return true;
+        if (GetCOREInterface()->MergeFromFile(path.c_str(), TRUE, TRUE, TRUE, 0, nullptr, 0, 0)) return;
         logLine(log, Log::kWarning, "Merge failed. The scene could not be merged successfully");
     } catch (...) {
         logLine(log, Log::kWarning, "Merge failed, possible corrupt scene file: ", path);
     }
-    return false;
 }
 
 /// A handle the way the core passes it: as decimal text in an element "max", and back.
@@ -76,26 +74,32 @@ std::vector<core::CoreNode*> wrapMergedNodes(const SavedSelection& before, Log& 
         if (node->IsRootNode() || before.contains(*node)) continue;
         logValue(log, Log::kNotice, "Adding node to list", node->GetName());
         if (INode* const found = host.GetINodeByHandle(throughElement(node->GetHandle())))
-            merged.push_back(new CMAXNode(nullptr, found));  // the caller's
+            merged.push_back(new CMAXNode(nullptr, found));
     }
     return merged;
 }
 
-/// Lets an open undo group rest while the host merges.
+/// Lets an open undo group rest while the host merges: closes the host's hold, and begins one for the rest of
+/// the group unless that group has ended by then.
 class RestingHold {
   public:
-    explicit RestingHold(core::AdaptorInterface& adaptor) : adaptor_(adaptor) {
+    explicit RestingHold(core::AdaptorInterface& adaptor)
+        : adaptor_(adaptor), accepted_(adaptor.isUndoRecording() && theHold.Holding()) {
         char name[] = "tmp";
-        if (adaptor_.isUndoRecording() && theHold.Holding()) theHold.Accept(name);
+        if (accepted_) theHold.Accept(name);
+        depth_ = theHold.GetBeginDepth();
     }
     ~RestingHold() {
-        if (adaptor_.isUndoRecording() && !theHold.Holding()) theHold.Begin();
+        // Deeper: the group that records now was begun meanwhile, with a hold of its own.
+        if (accepted_ && adaptor_.isUndoRecording() && theHold.GetBeginDepth() == depth_) theHold.Begin();
     }
     RestingHold(const RestingHold&) = delete;
     RestingHold& operator=(const RestingHold&) = delete;
 
   private:
     core::AdaptorInterface& adaptor_;
+    const bool accepted_;
+    int depth_;
 };
 
 }  // namespace
@@ -108,8 +112,8 @@ std::vector<core::CoreNode*> mergeScene(const std::string& path, core::AdaptorIn
     logLine(log, Log::kNotice, "Clearing node selection");
     GetCOREInterface()->ClearNodeSelection(FALSE);
 
-    std::vector<core::CoreNode*> merged;
-    if (mergeIntoHost(path, log)) merged = wrapMergedNodes(before, log);
+    mergeIntoHost(path, log);
+    std::vector<core::CoreNode*> merged = wrapMergedNodes(before, log);
     before.restore(log);
     return merged;
 }

@@ -70,15 +70,39 @@ TEST_F(SceneMerge, AnOpenGroupRestsMeanwhile) {
     EXPECT_EQ(ip().GetRootNode()->NumberOfChildren(), 2) << "a merge is no part of a group";
 }
 
+TEST_F(SceneMerge, TheHostsHoldIsAsDeepAfterwardsAsBefore) {
+    writeScene({"a"});
+    theHold.Begin();
+    theHold.Begin();
+    adaptor().beginUndoGroup("joins the host's hold");
+    EXPECT_EQ(merge(file).size(), 1u);
+    EXPECT_EQ(theHold.GetBeginDepth(), 2);
+    theHold.Suspend();
+    EXPECT_EQ(merge(file).size(), 1u);
+    EXPECT_EQ(theHold.GetBeginDepth(), 2);
+    theHold.Resume();
+    adaptor().endUndoGroup();
+    theHold.Cancel();
+    theHold.Cancel();
+}
+
 TEST_F(SceneMerge, RefusedFilesLeaveEverythingAsItWas) {
     writeScene({"a"});
     makeHelper("x")->select();
     std::ofstream(file, std::ios::binary | std::ios::trunc) << "no scene";
-    for (const std::string& path : {file, file + ".missing", std::string()}) {
-        EXPECT_TRUE(merge(path).empty()) << path;
+    const std::string refused = "Merge failed. The scene could not be merged successfully";
+    const std::string corrupt = "Merge failed, possible corrupt scene file: " + file;
+    const struct {
+        std::string path, logged, notLogged;
+    } rows[] = {
+        {file + ".missing", refused, corrupt}, {file, corrupt, "none"}, {std::string(), refused, "none"}};
+    for (const auto& row : rows) {
+        EXPECT_TRUE(merge(row.path).empty()) << row.path;
         EXPECT_EQ(selection(), std::vector<std::string>{"tool_x"});
+        EXPECT_NE(log().find(row.logged), std::string::npos) << row.path;
+        EXPECT_EQ(log().find(row.notLogged), std::string::npos) << row.path;
     }
-    EXPECT_NE(log().find("Merge failed"), std::string::npos);
+    EXPECT_NE(log().find("Gathering merged nodes"), std::string::npos);
     EXPECT_EQ(ip().GetRootNode()->NumberOfChildren(), 1);
 }
 
