@@ -12,15 +12,15 @@
 namespace qvo::zmx::adaptor::max {
 namespace {
 
-/// Hands new views to the core's sink; they are destroyed when it does not take them.
-void deliver(const std::vector<core::CoreNode*>& views, core::AdaptorInterface::NodeList& result) {
-    try {
-        result.set(views);
-    } catch (...) {
-        for (core::CoreNode* const view : views)
-            if (view) view->destroy();
-        throw;
-    }
+/// Hands new views to the core's sink, which owns them once it has taken them.
+void deliver(std::vector<std::unique_ptr<CMAXNode>> views, core::AdaptorInterface::NodeList& result) {
+    std::vector<core::CoreNode*> handed;
+    handed.reserve(views.size());
+    for (const auto& view : views)
+        handed.push_back(view.get());
+    result.set(handed);
+    for (auto& view : views)
+        static_cast<void>(view.release());
 }
 
 }  // namespace

@@ -66,18 +66,18 @@ INode* findByHandle(const Element& description) {
 
 }  // namespace
 
-std::vector<core::CoreNode*> lookUpNodes(const std::string& ownerName, const Element& request,
-                                         const GatherRecords& records) {
+std::vector<std::unique_ptr<CMAXNode>> lookUpNodes(const std::string& ownerName, const Element& request,
+                                                   const GatherRecords& records) {
     std::vector<Entry> entries = entriesOf(request);
     for (Entry& entry : entries)
         entry.node = records.find(ownerName, nameOf(entry));
     if (!allFound(entries)) findByTags(ownerName, entries);
 
-    std::vector<core::CoreNode*> found;
+    std::vector<std::unique_ptr<CMAXNode>> found;
     found.reserve(entries.size());
     for (const Entry& entry : entries) {
         INode* const node = entry.node ? entry.node : findByHandle(*entry.description);
-        found.push_back(node ? new CMAXNode(nullptr, node) : nullptr);  // the core's
+        found.push_back(node ? std::make_unique<CMAXNode>(nullptr, node) : nullptr);
     }
     return found;
 }

@@ -64,17 +64,17 @@ ULONG throughElement(ULONG handle) {
     return static_cast<ULONG>(std::stoul(element.text()));
 }
 
-std::vector<core::CoreNode*> wrapMergedNodes(const SavedSelection& before, Log& log) {
+std::vector<std::unique_ptr<CMAXNode>> wrapMergedNodes(const SavedSelection& before, Log& log) {
     logLine(log, Log::kNotice, "Gathering merged nodes");
     Interface& host = *GetCOREInterface();
-    std::vector<core::CoreNode*> merged;
+    std::vector<std::unique_ptr<CMAXNode>> merged;
     merged.reserve(static_cast<std::size_t>(host.GetSelNodeCount()));
     for (int i = 0; i < host.GetSelNodeCount(); ++i) {
         INode* const node = host.GetSelNode(i);
         if (node->IsRootNode() || before.contains(*node)) continue;
         logValue(log, Log::kNotice, "Adding node to list", node->GetName());
         if (INode* const found = host.GetINodeByHandle(throughElement(node->GetHandle())))
-            merged.push_back(new CMAXNode(nullptr, found));
+            merged.push_back(std::make_unique<CMAXNode>(nullptr, found));
     }
     return merged;
 }
@@ -104,7 +104,7 @@ class RestingHold {
 
 }  // namespace
 
-std::vector<core::CoreNode*> mergeScene(const std::string& path, core::AdaptorInterface& adaptor) {
+std::vector<std::unique_ptr<CMAXNode>> mergeScene(const std::string& path, core::AdaptorInterface& adaptor) {
     Log log("Merging models from file", Log::kNotice);
     logValue(log, Log::kNotice, "Merge file", path);
     const RestingHold resting(adaptor);
@@ -113,7 +113,7 @@ std::vector<core::CoreNode*> mergeScene(const std::string& path, core::AdaptorIn
     GetCOREInterface()->ClearNodeSelection(FALSE);
 
     mergeIntoHost(path, log);
-    std::vector<core::CoreNode*> merged = wrapMergedNodes(before, log);
+    std::vector<std::unique_ptr<CMAXNode>> merged = wrapMergedNodes(before, log);
     before.restore(log);
     return merged;
 }
