@@ -7,6 +7,7 @@
 namespace qvo::zmx::adaptor::max {
 
 CUndoWrapper* CUndoWrapper::newest_ = nullptr;
+CUndoWrapper* CUndoWrapper::nextToRelease_ = nullptr;
 
 CUndoWrapper::CUndoWrapper(CUndo* record, Origin origin) : record_(record), origin_(origin), next_(newest_) {
     if (newest_) newest_->previous_ = this;
@@ -15,6 +16,7 @@ CUndoWrapper::CUndoWrapper(CUndo* record, Origin origin) : record_(record), orig
 
 CUndoWrapper::~CUndoWrapper() {
     releaseRecord();
+    if (nextToRelease_ == this) nextToRelease_ = next_;
     (previous_ ? previous_->next_ : newest_) = next_;
     if (next_) next_->previous_ = previous_;
 }
@@ -33,8 +35,11 @@ void CUndoWrapper::releaseRecord() noexcept {
 }
 
 void CUndoWrapper::releaseCoreRecords() {
-    for (CUndoWrapper* wrapper = newest_; wrapper; wrapper = wrapper->next_)
+    nextToRelease_ = newest_;
+    while (CUndoWrapper* const wrapper = nextToRelease_) {
+        nextToRelease_ = wrapper->next_;
         if (wrapper->origin_ == Origin::core) wrapper->releaseRecord();
+    }
 }
 
 }  // namespace qvo::zmx::adaptor::max

@@ -39,6 +39,9 @@ class CUndoWrapper : public RestoreObj {
     CUndoWrapper* previous_ = nullptr;
     CUndoWrapper* next_ = nullptr;
     static CUndoWrapper* newest_;
+
+    /// Where releaseCoreRecords goes on; a record's release may empty the host's list meanwhile.
+    static CUndoWrapper* nextToRelease_;
 };
 
 }  // namespace qvo::zmx::adaptor::max

@@ -1,3 +1,4 @@
+#include <functional>
 #include <sstream>
 
 #include "tests/support/AdaptorFixture.h"
@@ -99,6 +100,34 @@ TEST_F(UndoServices, CoreRecordsEndWithTheCoreAndTheEntryStays) {
     EXPECT_TRUE(host.undo());
     EXPECT_TRUE(host.redo());
     EXPECT_EQ(fate, "released ");
+}
+
+/// Runs what it is given when it is undone or released.
+class ActingRecord : public CUndo {
+  public:
+    using Act = std::function<void()>;
+    ActingRecord(Act onUndo, Act onRelease) : onUndo_(std::move(onUndo)), onRelease_(std::move(onRelease)) {}
+    ~ActingRecord() override { onRelease_(); }
+    void restore(bool) override { onUndo_(); }
+    void redo() override {}
+
+  private:
+    Act onUndo_, onRelease_;
+};
+
+TEST_F(UndoServices, AReleasedRecordMayEmptyTheHostsUndoList) {
+    for (const bool flushing : {false, true, false}) {
+        adaptor().beginUndoGroup("edit");
+        for (int i = 0; i < 2; ++i)
+            adaptor().addUndoRecord(new ActingRecord([] {},
+                                                     [this, flushing] {
+                                                         fate += "released ";
+                                                         if (flushing) adaptor().flushHostUndo();
+                                                     }));
+        adaptor().endUndoGroup();
+    }
+    adaptor().letGoOfCore();
+    EXPECT_EQ(fate, "released released released released released released ");
 }
 
 TEST_F(UndoServices, OddNestingIsReportedNotRefused) {
