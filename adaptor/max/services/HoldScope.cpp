@@ -1,7 +1,5 @@
 #include "adaptor/max/services/HoldScope.h"
 
-#include <string>
-
 namespace qvo::zmx::adaptor::max {
 
 HoldScope::HoldScope(const char* name)
@@ -10,13 +8,11 @@ HoldScope::HoldScope(const char* name)
 }
 
 HoldScope::~HoldScope() {
-    if (!ownsHold_ || !theHold.Holding()) return;
-    std::string name = name_;  // the host's call takes a text that is not const
-    theHold.Accept(name.data());
+    if (ownsHold_ && theHold.GetBeginDepth() > 0) theHold.Accept(name_.data());
 }
 
 void HoldScope::cancel() {
-    if (ownsHold_ && theHold.Holding()) theHold.Cancel();
+    if (ownsHold_ && theHold.GetBeginDepth() > 0) theHold.Cancel();
     ownsHold_ = false;
 }
 

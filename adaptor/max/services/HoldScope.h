@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "adaptor/max/Host.h"
 
 namespace qvo::zmx::adaptor::max {
@@ -8,7 +10,7 @@ namespace qvo::zmx::adaptor::max {
 /// accepts, under a fixed name, only what it began itself.
 class HoldScope {
   public:
-    /// `name` becomes the name of the host's undo entry; it must outlive the scope.
+    /// `name` becomes the name of the host's undo entry.
     explicit HoldScope(const char* name);
     ~HoldScope();
 
@@ -22,7 +24,7 @@ class HoldScope {
     void cancel();
 
   private:
-    const char* name_;
+    std::string name_;  // copied before the hold begins: the destructor must not allocate
     bool ownsHold_;
 };
 

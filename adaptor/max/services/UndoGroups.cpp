@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "util/Log.h"
 
@@ -36,13 +37,12 @@ void reportSuspiciousNesting(const std::vector<std::string>& open, const std::st
 }  // namespace
 
 void UndoGroups::begin(const std::string& name) {
-    names_.reserve(names_.size() + 1);  // a failed allocation must not leave a hold without a group
-    if (names_.empty()) {
-        ownsHold_ = !theHold.Holding() && !theHold.RestoreOrRedoing();
-        if (ownsHold_) theHold.Begin();
-    }
     reportSuspiciousNesting(names_, name);
-    names_.push_back(name);
+    names_.push_back(name);  // before the hold: a failed allocation must not leave one without a group
+    if (names_.size() > 1) return;
+    ownsHold_ = !theHold.Holding();
+    beganHold_ = ownsHold_ && !theHold.RestoreOrRedoing();
+    if (beganHold_) theHold.Begin();
 }
 
 bool UndoGroups::end() {
@@ -57,12 +57,11 @@ bool UndoGroups::end() {
 }
 
 void UndoGroups::endHold(char* name) {
-    const bool ownedHold = ownsHold_;
-    ownsHold_ = false;
-    if (!ownedHold) return;
-    const bool cancel = cancelRequested_;
-    cancelRequested_ = false;
-    if (!theHold.Holding()) return;
+    if (!std::exchange(ownsHold_, false)) return;
+    const bool cancel = std::exchange(cancelRequested_, false);
+    // The depth counts: a suspended hold is open too, though the host does not hold.
+    if (!std::exchange(beganHold_, false) || theHold.GetBeginDepth() == 0 || theHold.RestoreOrRedoing())
+        return;
     if (cancel)
         theHold.Cancel();
     else

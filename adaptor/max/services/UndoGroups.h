@@ -9,7 +9,8 @@
 namespace qvo::zmx::adaptor::max {
 
 /// Maps the core's nested, named undo groups onto the host's single hold. The outermost group begins a hold
-/// when the host is not holding already, ends what it began, and names the host's undo entry.
+/// when the host is not holding already, ends what it began, and names the host's undo entry. A group that
+/// the core opens while the host undoes or redoes leaves the hold alone: nothing is recorded then.
 class UndoGroups {
   public:
     /// Opens a group. Deep nesting and repeated names are logged, never refused.
@@ -38,7 +39,8 @@ class UndoGroups {
     void endHold(char* name);
 
     std::vector<std::string> names_;  ///< outermost first
-    bool ownsHold_ = false;
+    bool ownsHold_ = false;           ///< the host was not holding when the outermost group began
+    bool beganHold_ = false;          ///< as ownsHold_, but false for a group within the host's undo or redo
     bool cancelRequested_ = false;
 };
 

@@ -9,7 +9,7 @@ namespace {
 struct GroupCase {
     const char* name;
     bool hostHolds;     ///< the host began a hold of its own before
-    const char* calls;  ///< begin NAME, end, cancel, record, in order
+    const char* calls;  ///< begin NAME, end, cancel, record, suspend, resume, in order
     const char* fate;   ///< what became of the records by then
     std::vector<std::string> entries;
 };
@@ -26,6 +26,7 @@ const GroupCase kGroupCases[] = {
     {"HostHoldLeftAlone", true, "begin a record end", "", {}},
     {"CancelIsCarriedOver", true, "begin a cancel accept begin c record end", "cancelled released ", {}},
     {"CancelIsConsumed", false, "begin a record cancel begin b record end", "cancelled released ", {"b"}},
+    {"EndedWhileSuspended", false, "begin a record suspend end resume", "", {"a"}},
     {"MismatchedEnd", false, "end begin a record end", "", {"a"}},
     {"NoGroup", false, "record", "released ", {}},
 };
@@ -44,6 +45,10 @@ class UndoGroupTest : public AdaptorFixture, public ::testing::WithParamInterfac
         } else if (call == "accept") {
             char hostName[] = "host";
             theHold.Accept(hostName);
+        } else if (call == "suspend") {
+            theHold.Suspend();
+        } else if (call == "resume") {
+            theHold.Resume();
         } else {
             const bool recording = adaptor().isUndoRecording();
             EXPECT_EQ(adaptor().addUndoRecord(new TestRecord(fate)), recording ? 0 : 1);
@@ -114,6 +119,22 @@ class ActingRecord : public CUndo {
   private:
     Act onUndo_, onRelease_;
 };
+
+TEST_F(UndoServices, ACancelWithinTheHostsUndoIsNotCarriedOver) {
+    const auto cancelAGroup = [] {
+        adaptor().beginUndoGroup("within");
+        adaptor().cancelUndoGroup();
+    };
+    adaptor().beginUndoGroup("edit");
+    adaptor().addUndoRecord(new ActingRecord(cancelAGroup, [] {}));
+    adaptor().endUndoGroup();
+    ASSERT_TRUE(host.undo());
+    adaptor().beginUndoGroup("next");
+    adaptor().addUndoRecord(new TestRecord(fate));
+    adaptor().endUndoGroup();
+    EXPECT_EQ(fate, "");
+    EXPECT_EQ(host.undoNames(), std::vector<std::string>{"next"});
+}
 
 TEST_F(UndoServices, AReleasedRecordMayEmptyTheHostsUndoList) {
     for (const bool flushing : {false, true, false}) {
