@@ -4,19 +4,17 @@
 
 namespace qvo::zmx::adaptor::max {
 
-bool KeyBatch::begin() {
-    if (depth_++ > 0) return false;
+void KeyBatch::begin() {
+    if (depth_++ > 0) return;
     GetCOREInterface()->DisableSceneRedraw();
     wasAnimating_ = Animating() != 0;
     AnimateOn();
-    return true;
 }
 
-bool KeyBatch::end() {
-    if (depth_ == 0 || --depth_ > 0) return false;
+void KeyBatch::end() {
+    if (depth_ == 0 || --depth_ > 0) return;
     if (!wasAnimating_) AnimateOff();
     GetCOREInterface()->EnableSceneRedraw();
-    return true;
 }
 
 void KeyBatch::endAll() {

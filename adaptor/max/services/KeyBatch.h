@@ -2,17 +2,14 @@
 
 namespace qvo::zmx::adaptor::max {
 
-/// Writing keys in bulk: scene redraw off, animate mode on. Batches nest; only the outermost pair touches the
-/// host.
+/// Writing keys in bulk: scene redraw off, animate mode on. Batches nest; only the outermost pair switches
+/// the host.
 class KeyBatch {
   public:
-    /// True when this was the outermost begin.
-    bool begin();
+    void begin();
 
-    /// True when this ended the outermost batch; an end without a begin does nothing.
-    bool end();
-
-    bool isOpen() const { return depth_ > 0; }
+    /// An end without a begin does nothing.
+    void end();
 
     /// Ends all open batches.
     void endAll();

@@ -232,7 +232,7 @@ void MaxAdaptorInterface::enableAccelerators() {
 
 int MaxAdaptorInterface::beginKeyBatch() {
     guarded("beginKeyBatch", [&] {
-        if (!keyBatch_.begin()) return;
+        keyBatch_.begin();
         addOwnUndoRecord(new CSetTimeRestoreObj(getTime()));
         convertedObjects_.clear();
     });
@@ -241,7 +241,8 @@ int MaxAdaptorInterface::beginKeyBatch() {
 
 int MaxAdaptorInterface::endKeyBatch() {
     guarded("endKeyBatch", [&] {
-        if (keyBatch_.end()) convertedObjects_.clear();
+        keyBatch_.end();
+        convertedObjects_.clear();
     });
     return 0;
 }

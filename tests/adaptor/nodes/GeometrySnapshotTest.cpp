@@ -155,6 +155,7 @@ TEST_F(Geometry, MeshNodesAreMadeLoggedAndUndone) {
 
 TEST_F(Geometry, WithoutDynamicMeshesOneConversionServesABatch) {
     CMAXNode* const box = makeGrowingBox();
+    adaptor().beginKeyBatch();  // a nested batch has a conversion of its own, too
     for (int batch = 0; batch < 2; ++batch) {
         adaptor().beginKeyBatch();
         const double size = extent(meshAt(box, batch));
@@ -162,6 +163,7 @@ TEST_F(Geometry, WithoutDynamicMeshesOneConversionServesABatch) {
         EXPECT_DOUBLE_EQ(size, batch == 0 ? 50 : 100);
         adaptor().endKeyBatch();
     }
+    adaptor().endKeyBatch();
     EXPECT_NE(extent(meshAt(box, 0)), 0);
 }
 

@@ -170,12 +170,14 @@ TEST_F(UndoServices, OddNestingIsReportedNotRefused) {
 }
 
 TEST_F(UndoServices, TheTimeGoesBackWithAKeyBatch) {
+    adaptor().beginKeyBatch();  // around the group: its own batch is nested
     adaptor().setTime(2.0);
     adaptor().beginUndoGroup("keys");
     adaptor().beginKeyBatch();
     adaptor().setTime(5.0);
     adaptor().endKeyBatch();
     adaptor().endUndoGroup();
+    adaptor().endKeyBatch();
     host.undo();
     EXPECT_DOUBLE_EQ(adaptor().getTime(), 2.0);
     host.redo();
