@@ -46,7 +46,7 @@ bool isState(const Element& element) {
     return element.kind == Element::kTag && element.value == kStateTag;
 }
 
-/// The state that a compressed one holds, or why there is none.
+/// The state that a compressed one holds, and what is wrong with it: a damaged one can be there in part.
 struct Unpacked {
     std::optional<Element> state;
     const char* fault = nullptr;
@@ -59,10 +59,9 @@ Unpacked unpacked(const Element& compressed) {
     const util::ByteBuffer bytes = util::BlockCompression::decompress(block);
     if (bytes.empty()) return {std::nullopt, "does not decompress"};
     Element state;
-    if (state.parse(std::string(bytes.begin(), bytes.end())) != Element::kParsed)
-        return {std::nullopt, "is not XML"};
-    if (!isState(state)) return {std::nullopt, "is no component's"};
-    return {std::move(state)};
+    const bool whole = state.parse(std::string(bytes.begin(), bytes.end())) == Element::kParsed;
+    if (!isState(state)) return {std::nullopt, whole ? "is no component's" : "is not XML"};
+    return {std::move(state), whole ? nullptr : "ends early"};
 }
 
 }  // namespace
@@ -86,12 +85,12 @@ void MasterNodes::unpackAll() {
     const auto unusable = [](MasterNode& masterNode) {
         if (!isCompressed(masterNode.state)) return false;
         Unpacked result = unpacked(masterNode.state);
-        if (result.state)
-            masterNode.state = std::move(*result.state);
-        else
-            util::logLine(util::Log::kWarning, "Dropped a component of node ", masterNode.nodeName,
-                          ": its compressed state ", result.fault);
-        return result.fault != nullptr;
+        const bool usable = result.state.has_value();
+        if (result.fault)
+            util::logLine(util::Log::kWarning, usable ? "Kept a part of" : "Dropped", " a component of node ",
+                          masterNode.nodeName, ": its compressed state ", result.fault);
+        if (usable) masterNode.state = std::move(*result.state);
+        return !usable;
     };
     masterNodes_.erase(std::remove_if(masterNodes_.begin(), masterNodes_.end(), unusable),
                        masterNodes_.end());
@@ -101,10 +100,8 @@ void MasterNodes::dropDuplicates() {
     std::unordered_set<std::string> met;
     const auto repeated = [&met](const MasterNode& masterNode) {
         const std::string& name = uniqueNameOf(masterNode.state);
-        if (name.empty()) {
+        if (name.empty())
             util::logLine(util::Log::kWarning, "A component of node ", masterNode.nodeName, " has no name");
-            return false;
-        }
         const bool isRepeated = !met.insert(name).second;
         if (isRepeated)
             util::logLine(util::Log::kWarning, "Dropped a second component ", name, " of node ",
@@ -121,7 +118,7 @@ Element MasterNodes::link() {
     for (MasterNode& masterNode : masterNodes_) {
         const std::string name = uniqueNameOf(masterNode.state);
         StateBuilder& builder = builders.emplace_back(std::move(masterNode.state));
-        if (!name.empty()) byName.emplace(name, &builder);
+        byName.emplace(name, &builder);
     }
     for (std::size_t i = masterNodes_.size(); i-- > 0;) {
         const MasterNode& masterNode = masterNodes_[i];
