@@ -59,7 +59,8 @@ void Gathering::run(core::CoreObject& core, const NodeRegistry& nodes) {
     forEachSceneNode([&](INode& node) { readTag(node, masterNodes, records_); });
     Element root = masterNodes.buildTree();
     guarded("CoreObject::loadState", [&] { core.loadState(root); });
-    reportUnclaimed(nodes);
+    // The core has the states from here on: a failed report must not leave the tags to a second gathering.
+    guarded("reportUnclaimed", [&] { reportUnclaimed(nodes); });
     wipeTags();
 }
 
