@@ -27,6 +27,15 @@ void deleteKeysAfter(Animatable& animatable, TimeValue ticks) {
         if (Animatable* const sub = animatable.SubAnim(i)) deleteKeysAfter(*sub, ticks);
 }
 
+/// An undo group that ends on every path.
+class UndoGroupScope {
+  public:
+    explicit UndoGroupScope(const char* name) { MaxAdaptorInterface::instance().beginUndoGroup(name); }
+    ~UndoGroupScope() { MaxAdaptorInterface::instance().endUndoGroup(); }
+    UndoGroupScope(const UndoGroupScope&) = delete;
+    UndoGroupScope& operator=(const UndoGroupScope&) = delete;
+};
+
 }  // namespace
 
 std::vector<unsigned int> CMAXNode::getExtensions() {
@@ -72,10 +81,8 @@ void CMAXNode::convertHostController() {
 }
 
 void CMAXNode::renameUndoable(const std::string& newName) {
-    core::AdaptorInterface& adaptor = MaxAdaptorInterface::instance();
-    adaptor.beginUndoGroup("NODE_SETLABEL");
+    const UndoGroupScope group("NODE_SETLABEL");
     setName(newName);
-    adaptor.endUndoGroup();
 }
 
 core::CoreNode* CMAXNode::cloneUnder(core::CoreNode* parent) {

@@ -11,10 +11,6 @@ class CMAXNode::CMAXSnapshot_Mesh : public core::CoreNode::Snapshot_Mesh {
   public:
     explicit CMAXSnapshot_Mesh(CMAXNode& from) : wrapper(&from) {}
 
-    /// For a new node's first mesh: writes into `target`, which the caller keeps.
-    CMAXSnapshot_Mesh(CMAXNode& from, TriObject* target)
-        : wrapper(&from), object(target), node(from.hostNode()) {}
-
     ~CMAXSnapshot_Mesh() override;
 
     CMAXSnapshot_Mesh(const CMAXSnapshot_Mesh&) = delete;

@@ -5,7 +5,6 @@
 
 #include "adaptor/max/controllers/Conversion.h"
 #include "adaptor/max/nodes/CMAXNode.h"
-#include "adaptor/max/nodes/CMAXSnapshot_Mesh.h"
 #include "adaptor/max/nodes/CustomHelperObject.h"
 #include "adaptor/max/nodes/MeshTransfer.h"
 #include "adaptor/max/nodes/NodeInstanceRestoreObj.h"
@@ -136,7 +135,7 @@ CMAXNode* createMesh(const NodeRequest& request, const util::CMesh& mesh) {
     }
     PendingNode pending(*node, request);
     node->SetWireColor(kMeshWireColor);
-    CMAXNode::CMAXSnapshot_Mesh(pending.wrapper(), object).setMesh(mesh);
+    writeHostMesh(mesh, object->GetMesh());
     notifyMeshChanged(*object, object->GetMesh());
     pending.wrapper().listener = request.listener;
     installController(*node);
