@@ -43,7 +43,7 @@ void MaxAdaptorInterface::letGoOfCore() {
     gathering_.dropRecords();
     cutWires();
     SelectionBatch::close();
-    frameGrid_.setMultiplier(1);
+    frameGrid_.letGo();
 }
 
 void MaxAdaptorInterface::sceneArrived() {
