@@ -89,11 +89,11 @@ void Log::setFile(const std::string& path) {
     Log& target = instance();
     if (target.file_.is_open()) target.file_.close();
     target.file_.clear();
-    target.file_.open(path, std::ios::out | std::ios::trunc);
+    target.file_.open(path, std::ios::binary | std::ios::trunc);  // a line ends in one character
 }
 
 bool Log::saveToFile(const std::string& path) {
-    std::ofstream copy(path, std::ios::out | std::ios::trunc);
+    std::ofstream copy(path, std::ios::binary | std::ios::trunc);
     if (!copy.is_open()) return false;
     copy << contents();
     return true;

@@ -28,7 +28,7 @@ std::string lines() {
 }
 
 std::string fileText(const std::string& path) {
-    std::ifstream file(path);
+    std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 

@@ -66,13 +66,14 @@ int Element::parse(const std::string& text) {
 
 int Element::read(std::istream& stream) {
     std::string text;
-    for (std::string line; std::getline(stream, line);)
+    for (std::string line; std::getline(stream, line);) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();  // half of the line end
         text += line;
     return parse(text);
 }
 
 int Element::readFile(const std::string& path) {
-    std::ifstream file(path);
+    std::ifstream file(path, std::ios::binary);
     return file.is_open() ? read(file) : static_cast<int>(kFileNotOpened);
 }
 
@@ -82,7 +83,7 @@ std::string Element::toString(const std::string& newline, const std::string& ind
 }
 
 bool Element::writeFile(const std::string& path) const {
-    std::ofstream file(path, std::ios::out | std::ios::trunc);
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
     if (!file.is_open()) return false;
     if (!(file << "<?xml version=\"1.0\"?>\n")) return false;
     file << toString("\n", "\t");

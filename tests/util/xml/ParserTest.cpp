@@ -95,7 +95,7 @@ TEST(XmlParser, StreamLosesItsLineEnds) {
     Element element;
     EXPECT_EQ(element.read(stream), 4);  // "<xy='1'>" is a tag of that name
     stream.clear();
-    stream.str("<x\n y='1\n2'>a\nb\n\nc</x>");
+    stream.str("<x\n y='1\n2'>a\r\nb\n\r\nc</x>");
     EXPECT_EQ(element.read(stream), 0);
     EXPECT_EQ(treeText(element), "x{y=12}('abc')");
     EXPECT_EQ(element.readFile(::testing::TempDir() + "no such file"), 1);

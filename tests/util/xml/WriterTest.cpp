@@ -94,7 +94,7 @@ TEST(XmlWriter, FileHasDeclarationAndTabs) {
     const std::string path = ::testing::TempDir() + "zk_element.xml";
     const Element element = tag("a", {tag("b", {Text("line\nend")}), Tag("c")});
     ASSERT_TRUE(element.writeFile(path));
-    std::ifstream file(path);
+    std::ifstream file(path, std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     EXPECT_EQ(text, "<?xml version=\"1.0\"?>\n<a>\n\t<b>line&#10;end</b>\n\t<c/>\n</a>");
     file.close();
