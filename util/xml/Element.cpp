@@ -57,11 +57,10 @@ void Element::clear() {
 }
 
 int Element::parse(const std::string& text) {
-    const std::string* document = &text;
-    std::string kept;
-    if (&text == &value) document = &(kept = text);  // clearing would empty it
-    clear();
-    return Parser(*document).parseInto(*this);
+    Element former;  // `text` may lie in what this element holds, which therefore lives until the end
+    swap(former);
+    kind = former.kind;
+    return Parser(&text == &value ? former.value : text).parseInto(*this);
 }
 
 int Element::read(std::istream& stream) {
@@ -69,6 +68,7 @@ int Element::read(std::istream& stream) {
     for (std::string line; std::getline(stream, line);) {
         if (!line.empty() && line.back() == '\r') line.pop_back();  // half of the line end
         text += line;
+    }
     return parse(text);
 }
 

@@ -54,6 +54,7 @@ class Element {
 
     // Reading. The element is cleared first. On a fault the element keeps what was complete by then: its own
     // name and attributes and those children that had been read to their end.
+    /// `text` may lie in this element.
     int parse(const std::string& text);
     /// Line ends, with or without a carriage return, are dropped, not turned into blanks.
     int read(std::istream& stream);

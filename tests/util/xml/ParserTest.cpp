@@ -84,10 +84,14 @@ TEST(XmlParser, ClearingKeepsTheKind) {
     EXPECT_EQ(tag.value, "");
 }
 
-TEST(XmlParser, MayParseItsOwnValue) {
-    Element element = Tag("<a>x</a>");
+TEST(XmlParser, MayParseWhatItHolds) {
+    Element element = Tag("<a b='&#60;c/&#62;'>&#60;d&#62;x&#60;/d&#62;</a>");
     EXPECT_EQ(element.parse(element.value), 0);
-    EXPECT_EQ(treeText(element), "a('x')");
+    Element copy = element;
+    EXPECT_EQ(element.parse(element.text()), 0);
+    EXPECT_EQ(treeText(element), "d('x')");
+    EXPECT_EQ(copy.parse(copy.attributes.at("b")), 0);
+    EXPECT_EQ(treeText(copy), "c");
 }
 
 TEST(XmlParser, StreamLosesItsLineEnds) {
