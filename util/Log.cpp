@@ -31,14 +31,14 @@ Log::Log(std::int32_t level) : level_(level) {
     }
 }
 
-Log::Log(const std::string& text, std::int32_t level) : level_(level) {
+Log::Log(std::string_view text, std::int32_t level) : level_(level) {
     try {
         depth_ = ++instance().depth_;
         ownsSection_ = 1;
     } catch (...) {
         // As above; no section was opened, so none is closed.
     }
-    Log::write(text, level);
+    writeLine(text, level);
 }
 
 Log::~Log() {
@@ -57,14 +57,18 @@ std::int32_t Log::log(const std::string& text, std::int32_t level) {
 }
 
 std::int32_t Log::write(const std::string& text, std::int32_t level) {
+    writeLine(text, level);
+    return 0;
+}
+
+void Log::writeLine(std::string_view text, std::int32_t level) noexcept {
     const std::int32_t effective = level < 0 ? level_ : level;
-    if (!isEnabled(effective)) return 0;
+    if (!isEnabled(effective)) return;
     try {
         append(formatLine(std::time(nullptr), effective, depth_, text));
     } catch (...) {
         // Nowhere left to report to: the log itself is what failed.
     }
-    return 0;
 }
 
 std::int32_t Log::threshold() noexcept {
@@ -103,8 +107,7 @@ std::string Log::contents() {
     return instance().buffer_.str();
 }
 
-std::string Log::formatLine(std::time_t time, std::int32_t level, std::int32_t depth,
-                            const std::string& text) {
+std::string Log::formatLine(std::time_t time, std::int32_t level, std::int32_t depth, std::string_view text) {
     const std::tm utc = brokenDownUtc(time);
     std::string line =
         std::to_string(utc.tm_year + 1900) + twoDigits(utc.tm_mon + 1) + twoDigits(utc.tm_mday);

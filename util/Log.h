@@ -6,6 +6,7 @@
 #include <locale>
 #include <sstream>
 #include <string>
+#include <string_view>
 
 #include "util/Singleton.h"
 
@@ -19,8 +20,8 @@ namespace qvo::util {
 /// their life by one more tab; both write through the instance. Use logLine() and logValue() below to write:
 /// they test the threshold before they format.
 ///
-/// Making channels and sections and writing lines never throws: a line for which there is no memory is
-/// dropped, so that a catch block can log.
+/// A line for which there is no memory is dropped: no channel, section or line throws because of it, so that
+/// a catch block can log. What a caller puts together itself, to pass it on as one text, may.
 class Log : public Singleton<Log> {
   public:
     static constexpr std::int32_t kOwnLevel = -1;  ///< any negative level: the level given at construction
@@ -33,7 +34,7 @@ class Log : public Singleton<Log> {
     explicit Log(std::int32_t level);
 
     /// A section: opens one more level of indentation and writes `text` as its header, already indented.
-    Log(const std::string& text, std::int32_t level);
+    Log(std::string_view text, std::int32_t level);
 
     /// Closes the section.
     ~Log() override;  // slot 1; slot 0 is release()
@@ -63,13 +64,14 @@ class Log : public Singleton<Log> {
     /// One finished line: UTC date and time, level word (none above 3), depth + 1 tabs (never fewer than 0),
     /// text. The "(" before the word is closed inside the word, so a level above 3 leaves it open.
     static std::string formatLine(std::time_t time, std::int32_t level, std::int32_t depth,
-                                  const std::string& text);
+                                  std::string_view text);
 
   private:
     friend class Singleton<Log>;
 
     Log() = default;  ///< the instance: no section, depth -1, threshold kNotice
 
+    void writeLine(std::string_view text, std::int32_t level) noexcept;
     void closeFile();
 
     std::ofstream file_;
