@@ -40,27 +40,27 @@ class RoutingScope {
     MessageNode* receiver_;
 };
 
-/// Tells a broadcast under way that its node has been destroyed by a handler.
-class BroadcastScope {
+/// Tells a delivery under way that its node has been destroyed by a handler.
+class DeliveryScope {
   public:
-    explicit BroadcastScope(const MessageNode& node) : node_(&node), outer_(innermost_) { innermost_ = this; }
-    BroadcastScope(const BroadcastScope&) = delete;
-    BroadcastScope& operator=(const BroadcastScope&) = delete;
-    ~BroadcastScope() { innermost_ = outer_; }
+    explicit DeliveryScope(const MessageNode& node) : node_(&node), outer_(innermost_) { innermost_ = this; }
+    DeliveryScope(const DeliveryScope&) = delete;
+    DeliveryScope& operator=(const DeliveryScope&) = delete;
+    ~DeliveryScope() { innermost_ = outer_; }
 
     bool nodeLives() const { return node_ != nullptr; }
 
     static void nodeDies(const MessageNode& node) {
-        for (BroadcastScope* scope = innermost_; scope; scope = scope->outer_) {
+        for (DeliveryScope* scope = innermost_; scope; scope = scope->outer_) {
             if (scope->node_ == &node) scope->node_ = nullptr;
         }
     }
 
   private:
-    static inline BroadcastScope* innermost_ = nullptr;
+    static inline DeliveryScope* innermost_ = nullptr;
 
     const MessageNode* node_;
-    BroadcastScope* outer_;
+    DeliveryScope* outer_;
 };
 
 }  // namespace
@@ -68,7 +68,7 @@ class BroadcastScope {
 MessageNode::MessageNode(std::string name) : name_(std::move(name)) {}
 
 MessageNode::~MessageNode() {
-    BroadcastScope::nodeDies(*this);
+    DeliveryScope::nodeDies(*this);
     cutWires();
 }
 
@@ -117,7 +117,7 @@ void MessageNode::deliverTo(MessageNode& target, Message& message) {
 }
 
 void MessageNode::deliverToListeners(Message& message) {
-    const BroadcastScope broadcasting(*this);
+    const DeliveryScope broadcasting(*this);
     message.sender = this;
     const std::vector<MessageNode*> present = listeners_;  // handlers may connect, disconnect and destroy
     for (auto listener = present.rbegin(); listener != present.rend(); ++listener) {
@@ -131,7 +131,8 @@ void MessageNode::deliverToListeners(Message& message) {
 bool MessageNode::connect(MessageNode* other) {
     if (!other) return false;
     if (contains(sources_, other)) return true;
-    if (contains(other->listeners_, this)) return false;  // the two lists disagree
+    if (contains(other->listeners_, this)) return false;      // the two lists disagree
+    other->listeners_.reserve(other->listeners_.size() + 1);  // without memory neither list changes
     sources_.push_back(other);
     other->listeners_.push_back(this);
     Message started(Message::kStartedListening);
@@ -144,8 +145,10 @@ bool MessageNode::disconnect(MessageNode* other) {
     if (!contains(sources_, other)) return true;
     if (!contains(other->listeners_, this)) return false;  // the two lists disagree
     Message stopped(Message::kStoppedListening);
+    const DeliveryScope telling(*this);
     sendToAsOrigin(other, stopped);
-    if (!contains(sources_, other)) return true;  // the handler cut the wire or destroyed `other`
+    // The handler may have destroyed this node or `other`, or cut the wire.
+    if (!telling.nodeLives() || !contains(sources_, other)) return true;
     remove(sources_, other);
     remove(other->listeners_, this);
     return true;

@@ -20,7 +20,12 @@ class Singleton : public SingletonReference {
         if (!instance_) {
             instance_ = new T();  // owned by itself until release()
             destroyed_ = false;
-            enlist(*instance_);
+            try {
+                enlist(*instance_);
+            } catch (...) {
+                instance_->release();  // what the collector does not know, nobody would destroy
+                throw;
+            }
         }
         return *instance_;
     }

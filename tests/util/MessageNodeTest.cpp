@@ -126,12 +126,17 @@ TEST_F(MessageNodeTest, NodeMayDieInItsOwnBroadcast) {
     EXPECT_EQ(message.sender, nullptr);
 }
 
-TEST_F(MessageNodeTest, SourceMayDieWhileItIsTold) {
+TEST_F(MessageNodeTest, EitherNodeMayDieWhileTheSourceIsTold) {
     auto shortLived = std::make_unique<Recorder>("X");
     a.connect(shortLived.get());
     shortLived->onReceive = [&](Message&) { shortLived.reset(); };
     EXPECT_TRUE(a.disconnect(shortLived.get()));
     EXPECT_EQ(a.getSourceCount(), 0);
+    shortLived = std::make_unique<Recorder>("Y");
+    shortLived->connect(&source);
+    source.onReceive = [&](Message&) { shortLived.reset(); };
+    EXPECT_TRUE(shortLived->disconnect(&source));
+    EXPECT_EQ(source.getListenerCount(), 0);
 }
 
 }  // namespace
