@@ -3,6 +3,14 @@
 #include <utility>
 
 namespace qvo::util {
+namespace {
+
+/// Every reader must come to the same tree also from weights whose sum does not fit.
+std::int32_t wrappingSum(std::int32_t a, std::int32_t b) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
+}
+
+}  // namespace
 
 HuffmanTree::HuffmanTree(std::vector<HuffmanNode> leaves) : nodes_(std::move(leaves)) {
     nodes_.reserve(nodes_.size() * 2);
@@ -13,7 +21,7 @@ HuffmanTree::HuffmanTree(std::vector<HuffmanNode> leaves) : nodes_(std::move(lea
 /// Joins the nodes at `first` and `first + 1` under a new inner node, put behind every node of equal weight.
 void HuffmanTree::joinPair(std::size_t first) {
     HuffmanNode inner;
-    inner.weight = nodes_[first].weight + nodes_[first + 1].weight;
+    inner.weight = wrappingSum(nodes_[first].weight, nodes_[first + 1].weight);
     inner.left = static_cast<std::int32_t>(first);
     inner.right = static_cast<std::int32_t>(first + 1);
     const std::size_t place = placeFor(inner.weight, first + 2);
@@ -28,7 +36,7 @@ void HuffmanTree::joinPair(std::size_t first) {
 
 /// The first index from `from` on whose weight is greater than `weight`. Step by step, because a damaged
 /// table need not be in order.
-std::size_t HuffmanTree::placeFor(std::int64_t weight, std::size_t from) const {
+std::size_t HuffmanTree::placeFor(std::int32_t weight, std::size_t from) const {
     while (from < nodes_.size() && nodes_[from].weight <= weight)
         ++from;
     return from;

@@ -12,7 +12,7 @@ struct HuffmanNode {
     std::int32_t left = -1;
     std::int32_t right = -1;
     std::int32_t parent = -1;
-    std::int64_t weight = 0;   ///< stored as 32 bits in a block; sums need more when a table lies
+    std::int32_t weight = 0;   ///< occurrences; the sums of a table that lies wrap around
     std::int32_t symbol = -1;  ///< 0..255 for a leaf, -1 for an inner node
 };
 
@@ -39,7 +39,7 @@ class HuffmanTree {
 
   private:
     void joinPair(std::size_t first);
-    std::size_t placeFor(std::int64_t weight, std::size_t from) const;
+    std::size_t placeFor(std::int32_t weight, std::size_t from) const;
 
     std::vector<HuffmanNode> nodes_;
 };
