@@ -49,7 +49,7 @@ TEST(Base64, KnownVectors) {
 
 TEST(Base64, EveryLengthAgainstTheNaiveReference) {
     ByteBuffer bytes;
-    for (unsigned length = 0; length <= 4096; ++length) {
+    for (unsigned length = 0; length <= 512; ++length) {
         const std::string text = Base64::encode(bytes);
         ASSERT_EQ(text, naiveEncode(bytes)) << length;
         ASSERT_EQ(Base64::decode(text), bytes) << length;

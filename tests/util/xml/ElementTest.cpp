@@ -67,8 +67,8 @@ TEST(XmlElement, HelpersFindAndBuild) {
     EXPECT_EQ(treeText(TagWithData("type", "x")), "type('x')");
 }
 
-TEST(XmlElement, AMillionLevels) {
-    constexpr std::size_t kLevels = 1000000;
+TEST(XmlElement, AHundredThousandLevels) {
+    constexpr std::size_t kLevels = 100000;
     std::string text;
     for (std::size_t i = 0; i < kLevels; ++i)
         text += "<a>";
