@@ -10,44 +10,41 @@ namespace maxhost {
 /// `read` and `write` translate the untyped argument of SetValue and GetValue (CTRL_RELATIVE: a change to be
 /// combined with `combine`, and an incoming value to be combined with); `shifted` moves one key by the
 /// difference of two values; `between` interpolates, f from 0 to 1.
-struct FloatTraits {
-    using Value = float;
-    static constexpr SClass_ID kSuperClass = CTRL_FLOAT_CLASS_ID;
-    static constexpr ULONG kClass = LININTERP_FLOAT_CLASS_ID;
-    static constexpr const TCHAR* kName = _T("Linear Float");
+///
+/// Here what the values have in common whose changes are sums.
+template <class T>
+struct SummedTraits {
+    using Value = T;
 
-    static Value neutral() { return 0; }
-    static Value read(const void* val, GetSetMethod) { return *static_cast<const float*>(val); }
+    static Value read(const void* val, GetSetMethod) { return *static_cast<const T*>(val); }
     static void write(const Value& v, void* val, GetSetMethod method) {
-        float& out = *static_cast<float*>(val);
-        out = method == CTRL_RELATIVE ? out + v : v;
-    }
-    static Value combine(const Value& v, const Value& change) { return v + change; }
-    static Value shifted(const Value& v, const Value& from, const Value& to) { return v + (to - from); }
-    static Value between(const Value& a, const Value& b, float f) { return a + f * (b - a); }
-    static bool isFinite(const Value& v) { return std::isfinite(v); }
-    static bool equal(const Value& a, const Value& b) { return a == b; }
-};
-
-struct PositionTraits {
-    using Value = Point3;
-    static constexpr SClass_ID kSuperClass = CTRL_POSITION_CLASS_ID;
-    static constexpr ULONG kClass = LININTERP_POSITION_CLASS_ID;
-    static constexpr const TCHAR* kName = _T("Linear Position");
-
-    static Value neutral() { return Point3(0, 0, 0); }
-    static Value read(const void* val, GetSetMethod) { return *static_cast<const Point3*>(val); }
-    static void write(const Value& v, void* val, GetSetMethod method) {
-        Point3& out = *static_cast<Point3*>(val);
+        T& out = *static_cast<T*>(val);
         out = method == CTRL_RELATIVE ? out + v : v;
     }
     static Value combine(const Value& v, const Value& change) { return v + change; }
     static Value shifted(const Value& v, const Value& from, const Value& to) { return v + (to - from); }
     static Value between(const Value& a, const Value& b, float f) { return a + (b - a) * f; }
+    static bool equal(const Value& a, const Value& b) { return a == b; }
+};
+
+struct FloatTraits : SummedTraits<float> {
+    static constexpr SClass_ID kSuperClass = CTRL_FLOAT_CLASS_ID;
+    static constexpr ULONG kClass = LININTERP_FLOAT_CLASS_ID;
+    static constexpr const TCHAR* kName = _T("Linear Float");
+
+    static Value neutral() { return 0; }
+    static bool isFinite(const Value& v) { return std::isfinite(v); }
+};
+
+struct PositionTraits : SummedTraits<Point3> {
+    static constexpr SClass_ID kSuperClass = CTRL_POSITION_CLASS_ID;
+    static constexpr ULONG kClass = LININTERP_POSITION_CLASS_ID;
+    static constexpr const TCHAR* kName = _T("Linear Position");
+
+    static Value neutral() { return Point3(0, 0, 0); }
     static bool isFinite(const Value& v) {
         return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
     }
-    static bool equal(const Value& a, const Value& b) { return a == b; }
 };
 
 struct RotationTraits {

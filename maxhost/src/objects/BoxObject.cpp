@@ -16,9 +16,7 @@ constexpr int kSides[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4},
 
 }  // namespace
 
-BoxObject::BoxObject(bool withControls) : Primitive(kDefinitions, kParameterCount) {
-    if (withControls) parameters().makeControls();
-}
+BoxObject::BoxObject(bool withControls) : Named(kDefinitions, kParameterCount, withControls) {}
 
 void BoxObject::buildMesh(TimeValue t, Mesh& mesh) {
     Interval valid = FOREVER;

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "maxhost/src/objects/Named.h"
 #include "maxhost/src/objects/Primitive.h"
 
 namespace maxhost {
 
 /// A box on the ground plane: width along X, length along Y, both around the origin, height along Z from it
 /// (a negative one downwards).
-class BoxObject final : public Primitive {
+class BoxObject final : public Named<BoxObject, Primitive> {
   public:
     static constexpr SClass_ID kSuperClass = GEOMOBJECT_CLASS_ID;
     static constexpr ULONG kClass = BOXOBJ_CLASS_ID;
@@ -15,10 +16,6 @@ class BoxObject final : public Primitive {
 
     /// Without controllers it waits for a scene file or a clone to bring them.
     explicit BoxObject(bool withControls);
-
-    void GetClassName(TSTR& s) override { s = kName; }
-    Class_ID ClassID() override { return Class_ID(kClass, 0); }
-    void InitNodeName(TSTR& s) override { s = kName; }
 
   protected:
     ~BoxObject() override = default;  // through DeleteThis

@@ -59,4 +59,20 @@ IOResult readChunks(ILoad& load, Read read) {
     return opened == IO_END ? IO_OK : opened;
 }
 
+/// The one chunk `id` of the present level into `value`, which stays as it is when the chunk is missing, has
+/// another size or does not hold what `isValid` asks for: IO_ERROR.
+template <class T, class IsValid>
+IOResult readOne(ILoad& load, USHORT id, T& value, IsValid isValid) {
+    T found{};
+    bool any = false;
+    const IOResult read = readChunks(load, [&](USHORT each) {
+        any = any || each == id;
+        return each == id ? readValue(load, found) : IO_OK;
+    });
+    if (read != IO_OK) return read;
+    if (!any || !isValid(found)) return IO_ERROR;
+    value = found;
+    return IO_OK;
+}
+
 }  // namespace maxhost

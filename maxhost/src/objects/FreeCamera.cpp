@@ -36,9 +36,7 @@ struct HalfPicture {
 
 }  // namespace
 
-FreeCamera::FreeCamera(bool withControls) : Parametric(kDefinitions, kParameterCount) {
-    if (withControls) parameters().makeControls();
-}
+FreeCamera::FreeCamera(bool withControls) : Named(kDefinitions, kParameterCount, withControls) {}
 
 RefTargetHandle FreeCamera::Clone(RemapDir& remap) {
     auto* const clone = new FreeCamera(false);
@@ -53,14 +51,8 @@ IOResult FreeCamera::Save(ISave* isave) {
 }
 
 IOResult FreeCamera::Load(ILoad* iload) {
-    Settings settings;
-    settings.fieldOfViewType = -1;
-    const IOResult read = readChunks(
-        *iload, [&](USHORT id) { return id == kSettingsChunk ? readValue(*iload, settings) : IO_OK; });
-    if (read != IO_OK) return read;
-    if (!isFieldOfViewType(settings.fieldOfViewType)) return IO_ERROR;
-    settings_ = settings;
-    return IO_OK;
+    return readOne(*iload, kSettingsChunk, settings_,
+                   [](const Settings& read) { return isFieldOfViewType(read.fieldOfViewType); });
 }
 
 void FreeCamera::SetFOVType(int ft) {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "maxhost/src/objects/Named.h"
 #include "maxhost/src/objects/Parametric.h"
 #include "maxhost/src/objects/Shown.h"
 
@@ -11,7 +12,7 @@ namespace maxhost {
 
 /// The host's camera: looks along -Z, Y up. Field of view (radians) and target distance are its parameters;
 /// the other settings do not animate. A change of the field of view's type does not convert its value.
-class FreeCamera final : public Parametric<Shown<GenCamera, LineFigure>> {
+class FreeCamera final : public Named<FreeCamera, Parametric<Shown<GenCamera, LineFigure>>> {
   public:
     static constexpr SClass_ID kSuperClass = CAMERA_CLASS_ID;
     static constexpr ULONG kClass = SIMPLE_CAM_CLASS_ID;
@@ -21,17 +22,10 @@ class FreeCamera final : public Parametric<Shown<GenCamera, LineFigure>> {
     /// Without controllers it waits for a scene file or a clone to bring them.
     explicit FreeCamera(bool withControls);
 
-    // Animatable
-    void GetClassName(TSTR& s) override { s = kName; }
-    Class_ID ClassID() override { return Class_ID(kClass, 0); }
-
     // ReferenceMaker, ReferenceTarget
     RefTargetHandle Clone(RemapDir& remap) override;
     IOResult Save(ISave* isave) override;
     IOResult Load(ILoad* iload) override;
-
-    // Object
-    void InitNodeName(TSTR& s) override { s = kName; }
 
     // CameraObject
     void SetFOV(TimeValue t, float f) override { parameters().setValue(kFieldOfView, t, f); }

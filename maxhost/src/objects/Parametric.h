@@ -42,7 +42,10 @@ class Parametric : public Base {
     }
 
   protected:
-    Parametric(const ParameterDefinition* definitions, int count) : parameters_(*this, definitions, count) {}
+    Parametric(const ParameterDefinition* definitions, int count, bool withControls)
+        : parameters_(*this, definitions, count) {
+        if (withControls) parameters_.makeControls();
+    }
     ~Parametric() override = default;
 
     ParameterGroup& parameters() { return parameters_; }

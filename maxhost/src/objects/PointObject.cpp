@@ -54,14 +54,9 @@ IOResult PointObject::Save(ISave* isave) {
 }
 
 IOResult PointObject::Load(ILoad* iload) {
-    Settings settings;
-    settings.size = -1;
-    const IOResult read = readChunks(
-        *iload, [&](USHORT id) { return id == kSettingsChunk ? readValue(*iload, settings) : IO_OK; });
-    if (read != IO_OK) return read;
-    if (!isSize(settings.size) || (settings.switches & ~kAllSwitches) != 0) return IO_ERROR;
-    settings_ = settings;
-    return IO_OK;
+    return readOne(*iload, kSettingsChunk, settings_, [](const Settings& read) {
+        return isSize(read.size) && (read.switches & ~kAllSwitches) == 0;
+    });
 }
 
 void PointObject::show(Switch part, bool on) {

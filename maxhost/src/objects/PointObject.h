@@ -4,13 +4,14 @@
 
 #include <cstdint>
 
+#include "maxhost/src/objects/Named.h"
 #include "maxhost/src/objects/Shown.h"
 
 namespace maxhost {
 
 /// The point helper: a marker that keeps its place and does not render. Four switches say what of it is
 /// shown; none of its settings animates.
-class CoreExport PointObject final : public Shown<HelperObject, LineFigure> {
+class CoreExport PointObject final : public Named<PointObject, Shown<HelperObject, LineFigure>> {
   public:
     static constexpr SClass_ID kSuperClass = HELPER_CLASS_ID;
     static constexpr ULONG kClass = POINTHELP_CLASS_ID;
@@ -19,8 +20,6 @@ class CoreExport PointObject final : public Shown<HelperObject, LineFigure> {
 
     // Animatable
     void DeleteThis() override { delete this; }
-    void GetClassName(TSTR& s) override { s = kName; }
-    Class_ID ClassID() override { return Class_ID(kClass, 0); }
 
     // ReferenceMaker, ReferenceTarget
     RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override {
@@ -29,9 +28,6 @@ class CoreExport PointObject final : public Shown<HelperObject, LineFigure> {
     RefTargetHandle Clone(RemapDir& remap) override;
     IOResult Save(ISave* isave) override;
     IOResult Load(ILoad* iload) override;
-
-    // Object
-    void InitNodeName(TSTR& s) override { s = kName; }
 
     // Settings; changes are recorded while holding.
     bool isShown(Switch part) const { return (settings_.switches & part) != 0; }

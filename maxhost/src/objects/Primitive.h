@@ -14,7 +14,7 @@ class Primitive : public Parametric<Shown<GeomObject, Mesh>> {
     Object* ConvertToType(TimeValue t, Class_ID type) override;
 
   protected:
-    Primitive(const ParameterDefinition* definitions, int count) : Parametric(definitions, count) {}
+    using Parametric::Parametric;
     ~Primitive() override = default;
 
     Mesh& figureAt(TimeValue t, ViewExp* view) override;

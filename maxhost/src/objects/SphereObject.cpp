@@ -22,9 +22,7 @@ void setFace(Face& face, int a, int b, int c, bool lastEdgeVisible) {
 
 }  // namespace
 
-SphereObject::SphereObject(bool withControls) : Primitive(kDefinitions, kParameterCount) {
-    if (withControls) parameters().makeControls();
-}
+SphereObject::SphereObject(bool withControls) : Named(kDefinitions, kParameterCount, withControls) {}
 
 void SphereObject::buildMesh(TimeValue t, Mesh& mesh) {
     const double radius = sizeAt(kRadius, t), step = 2 * std::acos(-1.0) / kAround;

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "maxhost/src/objects/Named.h"
 #include "maxhost/src/objects/Primitive.h"
 
 namespace maxhost {
 
 /// A ball around the origin, of 32 segments around Z and 16 from pole to pole.
-class SphereObject final : public Primitive {
+class SphereObject final : public Named<SphereObject, Primitive> {
   public:
     static constexpr SClass_ID kSuperClass = GEOMOBJECT_CLASS_ID;
     static constexpr ULONG kClass = SPHERE_CLASS_ID;
@@ -14,10 +15,6 @@ class SphereObject final : public Primitive {
 
     /// Without controllers it waits for a scene file or a clone to bring them.
     explicit SphereObject(bool withControls);
-
-    void GetClassName(TSTR& s) override { s = kName; }
-    Class_ID ClassID() override { return Class_ID(kClass, 0); }
-    void InitNodeName(TSTR& s) override { s = kName; }
 
   protected:
     ~SphereObject() override = default;  // through DeleteThis

@@ -2,6 +2,7 @@
 
 #include <object.h>
 
+#include "maxhost/src/objects/Named.h"
 #include "maxhost/src/objects/Shown.h"
 #include "maxhost/src/objects/SplineCurve.h"
 
@@ -12,7 +13,7 @@ namespace maxhost {
 ///
 /// As a triangle object a shape is the sum of its closed curves, each filled by a fan about its first point.
 /// Simplified: a fan covers an outline that is not convex only roughly, and inner curves cut no holes.
-class CoreExport SplineShape final : public Shown<ShapeObject, LineFigure> {
+class CoreExport SplineShape final : public Named<SplineShape, Shown<ShapeObject, LineFigure>> {
   public:
     static constexpr SClass_ID kSuperClass = SHAPE_CLASS_ID;
     static constexpr ULONG kClass = SPLINESHAPE_CLASS_ID;
@@ -24,8 +25,6 @@ class CoreExport SplineShape final : public Shown<ShapeObject, LineFigure> {
 
     // Animatable
     void DeleteThis() override { delete this; }
-    void GetClassName(TSTR& s) override { s = kName; }
-    Class_ID ClassID() override { return Class_ID(kClass, 0); }
 
     // ReferenceMaker, ReferenceTarget
     RefResult NotifyRefChanged(Interval, RefTargetHandle, PartID&, RefMessage) override {
@@ -36,7 +35,6 @@ class CoreExport SplineShape final : public Shown<ShapeObject, LineFigure> {
     IOResult Load(ILoad* iload) override;
 
     // Object
-    void InitNodeName(TSTR& s) override { s = kName; }
     int CanConvertToType(Class_ID type) override;
     Object* ConvertToType(TimeValue t, Class_ID type) override;
 
