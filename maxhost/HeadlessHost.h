@@ -71,11 +71,6 @@ class CoreExport HeadlessHost {
     std::vector<std::string> redoNames() const;
     /// Deletes the selected nodes, as one entry "Delete".
     bool deleteSelection();
-    /// Makes the selected nodes members of a new group, as one entry "Group", and selects its head. An empty
-    /// name gives "Group" and a number.
-    bool groupSelection(const std::string& name = std::string());
-    /// Dissolves the groups whose heads are selected, each as one entry "Ungroup".
-    bool ungroupSelection();
 
     // ---- command panel ----
 

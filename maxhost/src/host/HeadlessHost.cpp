@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cassert>
 
-#include "maxhost/src/host/GroupCommand.h"
 #include "maxhost/src/host/Host.h"
 #include "maxhost/src/host/NodeCommands.h"
 #include "maxhost/src/host/SceneCommands.h"
@@ -143,23 +142,6 @@ bool HeadlessHost::deleteSelection() {
     const bool deleted = NodeCommands(host().scene()).deleteSelection(interface().GetTime());
     host().redraw().request();
     return note(deleted, "nothing is selected");
-}
-
-bool HeadlessHost::groupSelection(const std::string& name) {
-    Scene& scene = host().scene();
-    Node* const head = GroupCommand(scene).group(scene.selection().nodes(), name, interface().GetTime());
-    if (head != nullptr) interface().SelectNode(head);
-    return note(head != nullptr, "nothing is selected");
-}
-
-bool HeadlessHost::ungroupSelection() {
-    Scene& scene = host().scene();
-    bool any = false;
-    const std::vector<Node*> selected = scene.selection().nodes();
-    for (Node* const node : selected)
-        any = GroupCommand(scene).ungroup(*node, interface().GetTime()) || any;
-    host().redraw().request();
-    return note(any, "no head of a group is selected");
 }
 
 bool HeadlessHost::setTaskMode(int mode) {
