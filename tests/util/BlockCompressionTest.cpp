@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -40,44 +39,35 @@ ByteBuffer makeBlock(std::int32_t leafCount, std::int32_t length, const std::vec
     return block;
 }
 
-/// The block of `input` by linked trees and codes of characters, for leaves sorted by weight, higher bytes
-/// first.
+/// The block of `input` by codes of characters that grow at their front, for leaves sorted by weight, higher
+/// bytes first.
 ByteBuffer naiveBlock(const ByteBuffer& input) {
-    struct Tree {
-        std::int64_t weight;
-        int symbol;
-        std::shared_ptr<Tree> left, right;
+    struct Group {
+        std::int32_t weight;
+        ByteBuffer symbols;
     };
-    std::vector<std::shared_ptr<Tree>> queue;
-    std::array<std::int64_t, 256> counts{};
+    std::array<std::int32_t, 256> counts{};
     for (const unsigned char byte : input)
         ++counts[byte];
-    for (int symbol = 255; symbol >= 0; --symbol) {
-        const std::int64_t count = counts[static_cast<std::size_t>(symbol)];
-        if (count > 0) queue.push_back(std::make_shared<Tree>(Tree{count, symbol, nullptr, nullptr}));
-    }
-    const auto lighter = [](const auto& a, const auto& b) { return a->weight < b->weight; };
+    std::vector<Group> queue;
+    for (std::size_t symbol = 256; symbol-- > 0;)
+        if (counts[symbol] > 0) queue.push_back({counts[symbol], {static_cast<unsigned char>(symbol)}});
+    const auto lighter = [](const Group& a, const Group& b) { return a.weight < b.weight; };
     std::stable_sort(queue.begin(), queue.end(), lighter);
     std::vector<Leaf> leaves;
-    for (const auto& tree : queue) {
-        leaves.emplace_back(static_cast<unsigned char>(tree->symbol),
-                            static_cast<std::int32_t>(tree->weight));
-    }
+    for (const Group& group : queue)
+        leaves.emplace_back(group.symbols[0], group.weight);
+    std::array<std::string, 256> codes;
     while (queue.size() > 1) {
-        auto joined =
-            std::make_shared<Tree>(Tree{queue[0]->weight + queue[1]->weight, -1, queue[0], queue[1]});
+        Group joined{queue[0].weight + queue[1].weight, {}};
+        for (const std::size_t side : {0, 1}) {
+            for (const unsigned char symbol : queue[side].symbols) {
+                codes[symbol].insert(0, 1, "01"[side]);
+                joined.symbols.push_back(symbol);
+            }
+        }
         queue.erase(queue.begin(), queue.begin() + 2);
         queue.insert(std::upper_bound(queue.begin(), queue.end(), joined, lighter), joined);
-    }
-    std::array<std::string, 256> codes;
-    std::vector<std::pair<std::shared_ptr<Tree>, std::string>> open;
-    if (!queue.empty()) open.emplace_back(queue[0], "");
-    while (!open.empty()) {
-        const auto [tree, code] = open.back();
-        open.pop_back();
-        if (tree->symbol >= 0) codes[static_cast<std::size_t>(tree->symbol)] = code;
-        if (tree->left) open.emplace_back(tree->left, code + '0');
-        if (tree->right) open.emplace_back(tree->right, code + '1');
     }
     std::string bits;
     for (const unsigned char byte : input)

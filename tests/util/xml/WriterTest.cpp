@@ -72,13 +72,6 @@ TEST(XmlWriter, QuotesOfAttributes) {
     }
 }
 
-TEST(XmlWriter, AttributesAreWrittenInByteOrder) {
-    Element element = Tag("a");
-    for (const char* name : {"b", "a", "\xE9", "B"})
-        element.attributes[name] = "1";
-    EXPECT_EQ(element.toString(), "<a B=\"1\" a=\"1\" b=\"1\" \xE9=\"1\"/>");
-}
-
 TEST(XmlWriter, EveryByteReadsBack) {
     for (int code = 0; code < 256; ++code) {
         const std::string byte(1, static_cast<char>(code));
