@@ -209,20 +209,6 @@ TEST_F(MocapCoreTest, EditsThatCannotBeMadeAreRefused) {
     }
 }
 
-TEST_F(MocapCoreTest, ImportsKeepTheTakesThatAClosedSceneLoses) {
-    startAndReport();
-    core->sceneClosing();
-    EXPECT_EQ(adaptor.multiplier, 1);
-    EXPECT_EQ(namesInScene(), "walk ") << "the scene stayed";
-    EXPECT_EQ(adaptor.multiplier, 4);
-
-    core->sceneClosing();
-    core->sceneClosing();
-    adaptor.closeScene();
-    EXPECT_EQ(namesInScene(), "");
-    EXPECT_EQ(adaptor.multiplier, 1);
-}
-
 TEST_F(MocapCoreTest, StatesThatDoNotComeBackAreNamed) {
     const struct {
         const char* state;

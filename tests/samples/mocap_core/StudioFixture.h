@@ -77,17 +77,24 @@ class StudioFixture : public adaptor::max::AdaptorFixture {
     /// The first node of this name.
     static INode& node(const std::string& name) { return *ip().GetINodeByName(name.c_str()); }
 
-    /// Height above the ground in core space, meters.
-    double heightAt(const std::string& name, double seconds) {
-        core::CoreNode* found = nullptr;
+    /// The registered node of this name.
+    core::CoreNode* claimed(const std::string& name) {
         for (core::CoreNode* each : createdNodes())
-            if (each->getName() == name) found = each;
-        if (!found) return -1.0;
-        core::CoreNode::Snapshot* const snapshot = found->acquireSnapshot(seconds);
-        const double height = snapshot->getWorldTransform().m[3][1];
-        found->releaseSnapshot(snapshot);
-        return height;
+            if (each->getName() == name) return each;
+        ADD_FAILURE() << name;
+        return nullptr;
     }
+
+    Matrix4 worldOf(const std::string& name, double seconds) {
+        core::CoreNode* const found = claimed(name);
+        core::CoreNode::Snapshot* const snapshot = found->acquireSnapshot(seconds);
+        const Matrix4 world = snapshot->getWorldTransform();
+        found->releaseSnapshot(snapshot);
+        return world;
+    }
+
+    /// Height above the ground in core space, meters.
+    double heightAt(const std::string& name, double seconds) { return worldOf(name, seconds).m[3][1]; }
 
     static std::string coreLog() { return read("core.log"); }
 

@@ -38,21 +38,6 @@ class Studio : public StudioFixture {
     static bool isOptimized(const std::string& name) {
         return node(name).GetTMController()->ClassID() == kTransformControlClassId;
     }
-
-    core::CoreNode* claimed(const std::string& name) {
-        for (core::CoreNode* each : createdNodes())
-            if (each->getName() == name) return each;
-        ADD_FAILURE() << name;
-        return nullptr;
-    }
-
-    Matrix4 worldOf(const std::string& name, double seconds) {
-        core::CoreNode* const found = claimed(name);
-        core::CoreNode::Snapshot* const snapshot = found->acquireSnapshot(seconds);
-        const Matrix4 world = snapshot->getWorldTransform();
-        found->releaseSnapshot(snapshot);
-        return world;
-    }
 };
 
 TEST_F(Studio, OptionsAreSetAsTheUserWould) {
