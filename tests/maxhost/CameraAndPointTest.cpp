@@ -4,36 +4,6 @@
 
 namespace maxhost::test {
 
-namespace {
-
-float fieldOfView(GenCamera* camera, TimeValue t) {
-    Interval valid = FOREVER;
-    return camera->GetFOV(t, valid);
-}
-
-}  // namespace
-
-TEST_F(ObjectsTest, CameraLensIsKeyedThroughItsParameters) {
-    auto* const camera = create<GenCamera>(CAMERA_CLASS_ID, SIMPLE_CAM_CLASS_ID);
-    ASSERT_NE(camera, nullptr);
-    nodeOf(camera, "camera");
-    EXPECT_EQ(camera->SubAnimName(0), "Parameters");
-    EXPECT_EQ(parameter(camera, 0), camera->GetFOVControl());
-    EXPECT_FLOAT_EQ(fieldOfView(camera, 0), 3.14159265f / 4);
-
-    setKey(parameter(camera, 0), 0, 0.5f);
-    AnimateOn();
-    camera->SetFOV(1600, 1.5f);
-    AnimateOff();
-    EXPECT_EQ(camera->GetFOVControl()->NumKeys(), 2);
-    Interval valid = FOREVER;
-    EXPECT_FLOAT_EQ(camera->GetFOV(800, valid), 1.0f);
-    EXPECT_EQ(valid, Interval(800, 800));
-    camera->SetTDist(0, 42);
-    EXPECT_EQ(camera->GetTDist(0, valid), 42);
-    EXPECT_FALSE(camera->CanConvertToType(triObjectClassID));
-}
-
 TEST_F(ObjectsTest, CameraSettingsSurviveUndoCloneAndFile) {
     auto* const camera = create<GenCamera>(CAMERA_CLASS_ID, SIMPLE_CAM_CLASS_ID);
     INode* const node = nodeOf(camera, "camera");
@@ -89,29 +59,7 @@ TEST_F(ObjectsTest, PointSettingsSurviveUndoCloneAndFile) {
     EXPECT_EQ(opened->size(), 4);
 }
 
-TEST_F(ObjectsTest, CameraAndPointShowAsLines) {
-    auto* const point = create<PointObject>(HELPER_CLASS_ID, POINTHELP_CLASS_ID);
-    INode* const node = nodeOf(point);
-    node->SetWireColor(0x00ff0000);
-    point->setSize(10);
-    const struct {
-        PointObject::Switch part;
-        const char *left, *right, *corner;
-    } rows[] = {
-        {PointObject::kCross, "b", "b", "black"},
-        {PointObject::kAxisTripod, "black", "b", "black"},
-        {PointObject::kBox, "black", "black", "b"},
-        {PointObject::kCenterMarker, "black", "black", "black"},
-    };
-    for (const auto& row : rows) {
-        for (const auto& each : rows)
-            point->show(each.part, each.part == row.part);
-        ViewRig rig(Box3(Point3(-6, -6, -6), Point3(6, 6, 6)));
-        point->Display(0, node, &rig.view(), 0);
-        EXPECT_EQ(rig.colorAt(Point3(-4, 0, 0)), row.left) << row.part;
-        EXPECT_EQ(rig.colorAt(Point3(4, 0, 0)), row.right) << row.part;
-        EXPECT_EQ(rig.colorAt(Point3(-5, -5, -5)), row.corner) << row.part;
-    }
+TEST_F(ObjectsTest, CameraIsDrawnAndPickedAsLines) {
     auto* const camera = create<GenCamera>(CAMERA_CLASS_ID, SIMPLE_CAM_CLASS_ID);
     INode* const cameraNode = nodeOf(camera);
     cameraNode->SetWireColor(0x0000ff00);

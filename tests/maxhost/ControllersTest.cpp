@@ -1,10 +1,6 @@
-#include <Eigen/Geometry>
 #include <map>
 #include <random>
 
-#include "maxhost/src/controllers/BuiltinControllers.h"
-#include "maxhost/src/files/ChunkReader.h"
-#include "maxhost/src/files/ChunkWriter.h"
 #include "tests/maxhost/HostFixture.h"
 #include "tests/maxhost/TestTarget.h"
 
@@ -182,49 +178,6 @@ TEST_F(ControllersTest, AHoldRecordsAllEditsOnce) {
     listener.DeleteMe();
 }
 
-Bytes saved(Control* control) {
-    ChunkWriter writer;
-    EXPECT_EQ(control->Save(&writer), IO_OK);
-    return writer.take();
-}
-
-void load(Control* control, const Bytes& chunks) {
-    ChunkReader reader(ByteSpan{chunks.data(), chunks.size()}, nullptr);
-    EXPECT_EQ(control->Load(&reader), IO_OK);
-}
-
-TEST_F(ControllersTest, SavedControllersComeBackByteForByte) {
-    AnimateOn();
-    for (int i = 0; i < 3000; ++i)
-        place(transform, i * 7, TransMatrix(Point3(0.1f * static_cast<float>(i), 0.0f, 0.0f)));
-    Control* const fresh = NewDefaultMatrix3Controller();
-    for (int i = 0; i < 3; ++i) {
-        auto* const part = static_cast<Control*>(fresh->SubAnim(i));
-        const Bytes bytes = saved(static_cast<Control*>(transform->SubAnim(i)));
-        load(part, bytes);
-        EXPECT_EQ(part->NumKeys(), 3000);
-        EXPECT_EQ(saved(part), bytes);
-    }
-    EXPECT_TRUE(worldOf(fresh, 1234) == worldOf(transform, 1234));
-    fresh->DeleteMe();
-}
-
-TEST_F(ControllersTest, DamagedKeysAreDropped) {
-    const struct {
-        TimeValue time;
-        float value;
-    } keys[] = {{0, 1},  {100, 2}, {50, 3}, {100, 4}, {200, std::numeric_limits<float>::quiet_NaN()},
-                {300, 5}};
-    ChunkWriter writer;
-    writer.writeData(0x0999, keys, 3);
-    writer.writeData(0x0101, keys, sizeof(keys) - 1);
-    writer.writeData(0x0100, keys, 2);
-    ChunkReader reader(ByteSpan{writer.bytes().data(), writer.bytes().size()}, nullptr);
-    EXPECT_EQ(number->Load(&reader), IO_ERROR) << "a constant of two bytes";
-    const std::map<TimeValue, float> wanted = {{0, 1.0f}, {100, 2.0f}};
-    EXPECT_EQ(keysOf(number), wanted);
-}
-
 struct Cut {
     Interval iv;
     DWORD flags;
@@ -276,35 +229,6 @@ TEST_F(ControllersTest, TransformComesBackUnderAnyParent) {
     EXPECT_EQ(transform->SubAnim(0)->NumKeys(), 200) << "nothing is set from a non-finite matrix";
 }
 
-TEST_F(ControllersTest, RotationTakesTheShorterArcLikeEigen) {
-    const Quat from(0.3f, Point3(0, 0, 1)), to(-2.5f, Normalize(Point3(1, 2, 3)));
-    AnimateOn();
-    place(transform, 0, turned(from, Point3(1, 1, 1), Point3(0, 0, 0)));
-    place(transform, 1000, turned(to, Point3(1, 1, 1), Point3(0, 0, 0)));
-    const auto judged = [](const Quat& q) { return Eigen::Quaternionf(q.w, q.x, q.y, q.z); };
-    for (int t = 0; t <= 1000; t += 125) {
-        const Eigen::Quaternionf wanted = judged(from).slerp(static_cast<float>(t) / 1000.0f, judged(to));
-        EXPECT_GT(std::fabs(wanted.dot(judged(Quat(worldOf(transform, t))))), 1 - 1e-6f) << t;
-    }
-}
-
-TEST_F(ControllersTest, IncrementalCommandsWorkInTheirAxisSystem) {
-    const Matrix3 parent = turned(Quat(1.0f, Point3(1, 0, 0)), Point3(2, 2, 2), Point3(5, 6, 7));
-    const Matrix3 axis = RotateZMatrix(0.5f) * TransMatrix(Point3(1, 1, 0));
-    place(transform, 0, turned(Quat(0.4f, Point3(0, 1, 0)), Point3(1, 1, 1), Point3(3, 0, 0)), parent);
-    SetXFormPacket packets[] = {SetXFormPacket(Point3(1, 2, 3), parent, axis),
-                                SetXFormPacket(Quat(0.8f, Point3(0, 0, 1)), FALSE, parent, axis),
-                                SetXFormPacket(Point3(2, 2, 2), FALSE, parent, axis)};
-    Matrix3 turn(1);
-    packets[1].q.MakeMatrix(turn);
-    const Matrix3 changes[] = {TransMatrix(Point3(1, 2, 3)), turn, ScaleMatrix(Point3(2, 2, 2))};
-    for (int i = 0; i < 3; ++i) {
-        const Matrix3 wanted = worldOf(transform, 0, parent) * Inverse(axis) * changes[i] * axis;
-        transform->SetValue(0, &packets[i], 1, CTRL_RELATIVE);
-        EXPECT_TRUE(worldOf(transform, 0, parent).Equals(wanted, 1e-4f)) << i;
-    }
-}
-
 TEST_F(ControllersTest, ChangedParentKeepsTheWorldAtEveryKey) {
     const Matrix3 oldParent = turned(Quat(1.0f, Point3(0, 1, 0)), Point3(1, 1, 1), Point3(10, 0, 0));
     const Matrix3 newParent = turned(Quat(-2.0f, Point3(1, 0, 0)), Point3(-3, -3, -3), Point3(0, 4, 0));
@@ -330,17 +254,6 @@ TEST_F(ControllersTest, ChangedParentKeepsTheWorldAtEveryKey) {
         EXPECT_TRUE(worldOf(transform, t, oldParent).Equals(tm, 1e-4f)) << t;
 }
 
-TEST_F(ControllersTest, OneMessagePerTransformSet) {
-    TestTarget& node = *new TestTarget(1);
-    node.ReplaceReference(0, transform);
-    place(transform, 0, TransMatrix(Point3(1, 2, 3)));
-    EXPECT_EQ(node.count(REFMSG_CHANGE), 1);
-    Point3 at(0, 0, 0);
-    transform->GetPositionController()->SetValue(0, &at);
-    EXPECT_EQ(node.count(REFMSG_CHANGE), 2);
-    node.DeleteMe();
-}
-
 TEST_F(ControllersTest, CloneHasPartsOfItsOwn) {
     AnimateOn();
     place(transform, 100, TransMatrix(Point3(1, 0, 0)));
@@ -354,20 +267,6 @@ TEST_F(ControllersTest, CloneHasPartsOfItsOwn) {
     EXPECT_TRUE(worldOf(clone, 100).GetTrans().Equals(Point3(2, 0, 0)));
     EXPECT_FALSE(clone->AssignController(number, 0)) << "a number is no position";
     clone->DeleteMe();
-}
-
-TEST_F(ControllersTest, EveryBuiltinClassCanBeMadeAndThrownAway) {
-    for (ClassDesc* const desc : builtinControllerClasses()) {
-        for (const BOOL loading : {FALSE, TRUE}) {
-            auto* const control = static_cast<Control*>(desc->Create(loading));
-            EXPECT_EQ(control->SuperClassID(), desc->SuperClassID());
-            EXPECT_TRUE(control->ClassID() == desc->ClassID() && control->ClassID().PartB() == 0);
-            if (desc->ClassID().PartA() == PRS_CONTROL_CLASS_ID) {
-                EXPECT_TRUE(worldOf(control, 0) == Matrix3(1)) << "also without parts";
-            }
-            control->DeleteThis();
-        }
-    }
 }
 
 }  // namespace

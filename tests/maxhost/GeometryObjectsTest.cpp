@@ -140,41 +140,6 @@ TEST_F(ObjectsTest, BoxDeformsWithItsParameters) {
     EXPECT_NEAR(volumeOf(ball), 4.0 / 3 * 3.14159265 * 25 * 25 * 25, 0.02 * 65450);
 }
 
-TEST_F(ObjectsTest, ParametersTakeFloatControllersAndUndo) {
-    Object* const box = create(GEOMOBJECT_CLASS_ID, BOXOBJ_CLASS_ID);
-    nodeOf(box, "box");
-    Animatable* const group = box->SubAnim(0);
-    Control* const former = parameter(box, 2);
-    hold([&] {
-        float height = 12;
-        former->SetValue(0, &height);
-    });
-    Control* const other = NewDefaultFloatController();
-    setKey(other, 0, 5);
-    hold([&] { EXPECT_TRUE(group->AssignController(other, 2)); });
-    EXPECT_EQ(parameter(box, 2), other);
-    EXPECT_EQ(converted(box, 0).getBoundingBox().pmax.z, 5);
-
-    EXPECT_TRUE(host.undo());
-    EXPECT_EQ(parameter(box, 2), former);
-    EXPECT_TRUE(host.undo());
-    EXPECT_EQ(converted(box, 0).getBoundingBox().pmax.z, 25);
-    EXPECT_TRUE(host.redo());
-    EXPECT_TRUE(host.redo());
-    EXPECT_EQ(valueOf(parameter(box, 2), 0), 5);
-
-    Control* const position = NewDefaultPositionController();
-    EXPECT_FALSE(group->AssignController(position, 0));
-    EXPECT_FALSE(group->AssignController(nullptr, 0));
-    EXPECT_FALSE(group->AssignController(other, 3));
-    EXPECT_EQ(group->SubAnim(3), nullptr);
-    EXPECT_EQ(group->SubAnim(-1), nullptr);
-    position->MaybeAutoDelete();
-    Control* const heir = NewDefaultFloatController();
-    heir->TransferReferences(parameter(box, 0), TRUE);
-    EXPECT_EQ(parameter(box, 0), heir);
-}
-
 TEST_F(ObjectsTest, PrimitivesSurviveCloneAndFile) {
     INode* const node = nodeOf(create(GEOMOBJECT_CLASS_ID, SPHERE_CLASS_ID), "ball");
     setKey(parameter(node->GetObjectRef(), 0), 0, 3);

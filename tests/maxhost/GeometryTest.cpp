@@ -133,20 +133,6 @@ TEST(Geometry, DegenerateMatricesStayFinite) {
     }
 }
 
-TEST(Geometry, FlagWordFollowsTheChanges) {
-    Matrix3 m(1);
-    EXPECT_EQ(m.GetIdentFlags(), MAT_IDENT);
-    m.SetTrans(Point3(1, 2, 3));
-    EXPECT_EQ(m.GetIdentFlags(), ROT_IDENT | SCL_IDENT);
-    EXPECT_EQ((m * RotateXMatrix(1)).GetIdentFlags(), SCL_IDENT);
-    m.SetRow(1, Point3(0, 1, 0));
-    EXPECT_EQ(m.GetIdentFlags(), 0u);
-    m.SetTrans(Point3(0, 0, 0));
-    m.ValidateFlags();
-    EXPECT_EQ(m.GetIdentFlags(), MAT_IDENT);
-    EXPECT_TRUE(std::isnan(Matrix3().GetTrans().x)) << "a use of an unset matrix must show";
-}
-
 TEST(Geometry, BoxOfTransformedCorners) {
     Box3 box;
     EXPECT_TRUE(box.IsEmpty() && (box * RotateZMatrix(1)).IsEmpty());
@@ -154,25 +140,6 @@ TEST(Geometry, BoxOfTransformedCorners) {
     box += Point3(2, 1, 1);
     const Box3 turned = box * (RotateZMatrix(static_cast<float>(PI / 2)) * TransMatrix(Point3(10, 0, 0)));
     EXPECT_TRUE(turned.Min().Equals(Point3(9, 0, 0)) && turned.Max().Equals(Point3(10, 2, 1)));
-}
-
-TEST(Geometry, MeshKeepsWhatItIsToldToKeep) {
-    Mesh mesh;
-    EXPECT_TRUE(mesh.getBoundingBox().IsEmpty());
-    mesh.setNumVerts(2);
-    mesh.setVert(0, Point3(1, 2, 3));
-    mesh.setVert(1, Point3(4, 5, 6));
-    EXPECT_FALSE(mesh.setNumVerts(-1, TRUE));
-    mesh.setNumVerts(3, TRUE);
-    EXPECT_TRUE(mesh.getVert(1) == Point3(4, 5, 6));
-    mesh.setNumTVFaces(2);
-    mesh.tvFace[0].setTVerts(7, 8, 9);
-    mesh.setNumTVFaces(4, TRUE, 1);
-    const Mesh copy = mesh;
-    mesh.FreeAll();
-    EXPECT_EQ(copy.tvFace[0].getTVert(2), 9u);
-    EXPECT_EQ(copy.getNumTVFaces(), 4);
-    EXPECT_EQ(mesh.verts, nullptr);
 }
 
 }  // namespace

@@ -2,15 +2,12 @@
 
 #include <max.h>
 
-#include <gup.h>
-#include <iparamb2.h>
 #include <notify.h>
 #include <units.h>
 
 #include <cstdint>
 #include <filesystem>
 #include <functional>
-#include <limits>
 #include <memory>
 #include <string>
 #include <utility>
@@ -168,84 +165,6 @@ TEST_F(NotificationTest, TimeCallbacksHearOfChangesOnly) {
     ip->UnRegisterTimeChangeCallback(&callback);
     ip->SetTime(5);
     EXPECT_EQ(callback.times, "160 -20 0 99 0 ");
-}
-
-TEST_F(NotificationTest, FrameGridUsesWholeTicks) {
-    const struct {
-        int rate, ticks, ratePossible;
-    } rows[] = {{30, 160, 30},   {29, 165, 29},     {125, 38, 125},
-                {4800, 1, 4800}, {10000, 1, 10000}, {0, 1, 10000}};
-    for (const auto& row : rows) {
-        SetFrameRate(row.rate);
-        EXPECT_EQ(GetTicksPerFrame(), row.ticks) << row.rate;
-        EXPECT_EQ(GetFrameRate(), row.ratePossible) << row.rate;
-    }
-    SetTicksPerFrame(38);
-    EXPECT_EQ(GetFrameRate(), 126);
-    EXPECT_EQ(GetTicksPerFrame(), 38);
-}
-
-TEST_F(NotificationTest, MasterScaleIsOneSystemUnitInTheUnitAsked) {
-    EXPECT_DOUBLE_EQ(GetMasterScale(UNITS_INCHES), 1.0);
-    EXPECT_DOUBLE_EQ(GetMasterScale(UNITS_METERS), 0.0254);
-    EXPECT_TRUE(SetMasterUnitInfo(UNITS_CENTIMETERS, 2.0f));
-    EXPECT_DOUBLE_EQ(GetMasterScale(UNITS_METERS), 0.02);
-    EXPECT_DOUBLE_EQ(GetMasterScale(UNITS_FEET), 2.0 / 30.48);
-    EXPECT_FALSE(SetMasterUnitInfo(7, 1.0f));
-    EXPECT_FALSE(SetMasterUnitInfo(UNITS_METERS, 0.0f));
-    EXPECT_FALSE(SetMasterUnitInfo(UNITS_METERS, std::numeric_limits<float>::quiet_NaN()));
-    EXPECT_DOUBLE_EQ(GetMasterScale(UNITS_METERS), 0.02);
-}
-
-/// Global utility that writes down what happens to it.
-class Starter final : public GUP {
-  public:
-    static DWORD result;
-    DWORD Start() override {
-        journal += " start";
-        return result;
-    }
-    void Stop() override { journal += " stop"; }
-    void DeleteThis() override {
-        journal += " delete";
-        delete this;
-    }
-};
-DWORD Starter::result = GUPRESULT_KEEP;
-
-class StarterClass final : public ClassDesc2 {
-  public:
-    int IsPublic() override { return 1; }
-    void* Create(BOOL) override { return new Starter; }
-    const TCHAR* ClassName() override { return _T("Starter"); }
-    SClass_ID SuperClassID() override { return GUP_CLASS_ID; }
-    Class_ID ClassID() override { return Class_ID(0x1234, 0x5678); }
-    const TCHAR* Category() override { return _T("Test"); }
-};
-
-TEST_F(NotificationTest, UtilitiesAreKeptDiscardedOrEndTheHost) {
-    const struct {
-        DWORD result;
-        bool starts;
-        bool runs;
-        const char* heard;
-    } rows[] = {{GUPRESULT_KEEP, true, true, " start 74 73 stop delete 76"},
-                {GUPRESULT_NOKEEP, true, false, " start delete 74 73 76"},
-                {GUPRESULT_ABORT, false, false, " start delete 73 76"}};
-    StarterClass starter;
-    for (const auto& row : rows) {
-        Starter::result = row.result;
-        ASSERT_TRUE(host->registerPluginClass(&starter));
-        takeJournal();
-        EXPECT_EQ(host->start(), row.starts);
-        EXPECT_EQ(OpenGupPlugIn(Class_ID(0x1234, 0x5678)) != nullptr, row.runs);
-        host->exit();
-        EXPECT_EQ(takeJournal(), row.heard);
-        host.reset();
-        host = std::make_unique<HeadlessHost>();
-        for (const int code : {73, 74, 76})
-            RegisterNotification(write, prefix, code);
-    }
 }
 
 TEST_F(NotificationTest, NothingIsLeftForTheNextHost) {

@@ -9,7 +9,6 @@
 #include "maxhost/src/panel/CommandPanel.h"
 #include "maxhost/src/scripts/PanelScriptCommands.h"
 #include "maxhost/src/scripts/ScriptEngine.h"
-#include "maxhost/src/undo/Faults.h"
 #include "tests/maxhost/modules/test_pages.h"
 
 namespace {
@@ -75,14 +74,6 @@ class NotingController : public Animatable {
 class Panel : public ::testing::Test {
   protected:
     Panel() : panel(nullptr, window, [this] { return selected; }) { told.clear(); }
-    ~Panel() override { maxhost::Faults::instance().clear(); }
-
-    HWND addPage(const char* title, int category, DLGPROC procedure = answerNothing) {
-        return panel.rollups().add(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_BUTTON_PAGE), procedure,
-                                   title, reinterpret_cast<LPARAM>(this), category);
-    }
-
-    static INT_PTR CALLBACK answerNothing(HWND, UINT, WPARAM, LPARAM) { return FALSE; }
 
     /// Closes its own page from inside the command.
     static INT_PTR CALLBACK closeOnPress(HWND page, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -155,40 +146,15 @@ TEST_F(Panel, StartScriptLeavesThePanelAsItWas) {
     EXPECT_EQ(told, "begin A, end A, delete A");
 }
 
-TEST_F(Panel, PagesAreSortedByCategory) {
-    addPage("standard", ROLLUP_CAT_STANDARD);
-    addPage("custom", ROLLUP_CAT_CUSTATTRIB);
-    const HWND system = addPage("system", ROLLUP_CAT_SYSTEM);
-    addPage("standard too", ROLLUP_CAT_STANDARD);
-    EXPECT_EQ(panel.rollups().titles(),
-              (std::vector<std::string>{"system", "standard", "standard too", "custom"}));
-    EXPECT_EQ(panel.rollups().pageWith(IDC_PRESS), system);
-    window.show();
-    EXPECT_TRUE(IsWindowVisible(system));
-    panel.rollups().remove(system);
-    EXPECT_FALSE(IsWindow(system));
-    panel.rollups().remove(system);
-    EXPECT_EQ(panel.rollups().count(), 3u);
-    panel.reset();
-    EXPECT_EQ(panel.rollups().count(), 0u);
-}
-
 TEST_F(Panel, PressedButtonMayCloseItsPage) {
     EXPECT_FALSE(panel.press(IDC_PRESS)) << "no page is open";
-    const HWND page = addPage("page", ROLLUP_CAT_STANDARD, closeOnPress);
+    const HWND page =
+        panel.rollups().add(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDD_BUTTON_PAGE), closeOnPress,
+                            "page", reinterpret_cast<LPARAM>(this), ROLLUP_CAT_STANDARD);
     EXPECT_FALSE(panel.press(9999));
     EXPECT_TRUE(panel.press(IDC_PRESS));
     EXPECT_FALSE(IsWindow(page));
     EXPECT_FALSE(panel.press(IDC_PRESS));
-}
-
-TEST_F(Panel, PageWithoutADialogIsNoted) {
-    EXPECT_EQ(panel.rollups().add(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(999), answerNothing, "lost", 0,
-                                  ROLLUP_CAT_STANDARD),
-              nullptr);
-    EXPECT_EQ(panel.rollups().count(), 0u);
-    ASSERT_EQ(maxhost::Faults::instance().all().size(), 1u);
-    EXPECT_NE(maxhost::Faults::instance().all()[0].find("\"lost\""), std::string::npos);
 }
 
 }  // namespace

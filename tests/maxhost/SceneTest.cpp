@@ -3,7 +3,6 @@
 #include <max.h>
 
 #include <functional>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -49,31 +48,6 @@ void hold(const char* name, const std::function<void()>& change) {
     change();
     std::string text = name;
     theHold.Accept(text.data());
-}
-
-TEST_F(SceneTest, WorldTransformFollowsParentsAndControllers) {
-    INode* const a = make("a", nullptr, Point3(10, 0, 0));
-    INode* const b = make("b", a, Point3(15, 0, 0));
-    INode* const c = make("c", b, Point3(16, 0, 0));
-    Matrix3 moved = TransMatrix(Point3(20, 0, 0));
-    moved.PreRotateZ(1.5707963f);
-    a->SetNodeTM(0, moved);
-    EXPECT_TRUE(c->GetNodeTM(0).GetTrans().Equals(Point3(20, 6, 0), 1e-4f));
-    EXPECT_TRUE(b->GetParentTM(0) == a->GetNodeTM(0));
-    Interval valid = FOREVER;
-    c->GetNodeTM(0, &valid);
-    EXPECT_TRUE(valid == FOREVER);
-
-    AnimateOn();
-    Matrix3 start = TransMatrix(Point3(0, 0, 0)), end = TransMatrix(Point3(100, 0, 0));
-    a->SetNodeTM(0, start);
-    a->SetNodeTM(1600, end);
-    AnimateOff();
-    EXPECT_TRUE(c->GetNodeTM(800).GetTrans().Equals(Point3(56, 0, 0), 1e-3f));
-    EXPECT_TRUE(c->GetNodeTM(1600).GetTrans().Equals(Point3(106, 0, 0), 1e-3f));
-    valid = FOREVER;
-    c->GetNodeTM(800, &valid);
-    EXPECT_TRUE(valid == Interval(800, 800));
 }
 
 TEST_F(SceneTest, AttachAndDetachKeepThePlaceOrTheLocalValue) {
@@ -136,23 +110,6 @@ TEST_F(SceneTest, EveryEditIsUndoneAndRedone) {
     }
 }
 
-TEST_F(SceneTest, DeletedNodeIsUnknownUntilItComesBack) {
-    INode* const a = make("a");
-    const ULONG handle = a->GetHandle();
-    Control* const controller = a->GetTMController();
-    hold("delete", [&] { ip->DeleteNode(a); });
-    EXPECT_EQ(ip->GetINodeByHandle(handle), nullptr);
-    EXPECT_EQ(ip->GetINodeByName("a"), nullptr);
-    EXPECT_TRUE(controller->TestAFlag(A_IS_DELETED));
-    host.undo();
-    EXPECT_EQ(ip->GetINodeByHandle(handle), a);
-    EXPECT_EQ(ip->GetINodeByName("a"), a);
-    EXPECT_EQ(a->GetTMController(), controller);
-    ip->FlushUndoBuffer();
-    ip->DeleteNode(a);
-    EXPECT_EQ(ip->GetINodeByHandle(handle), nullptr);
-}
-
 // Records of a node that was deleted outside a hold must do no harm.
 TEST_F(SceneTest, RecordsSurviveUnrecordedChanges) {
     INode* const a = make("a");
@@ -175,28 +132,6 @@ TEST_F(SceneTest, RecordsSurviveUnrecordedChanges) {
     host.redo();
     b->AttachChild(child);
     EXPECT_EQ(outline(), "Scene Root@0(b@0(child@0))");
-}
-
-// A command that replaces the scene may come while a hold is open, or inside a group of holds.
-TEST_F(SceneTest, HoldsSurviveAChangeOfScene) {
-    for (const bool insideGroup : {false, true}) {
-        if (insideGroup) theHold.SuperBegin();
-        theHold.Begin();
-        INode* const a = make("a");
-        ip->SelectNode(a);
-        a->AttachChild(make("b"));
-        if (insideGroup) {
-            theHold.Accept(0);
-            host.reset();
-            make("kept");
-            theHold.SuperCancel();
-        } else {
-            host.reset();
-            make("kept");
-            theHold.Cancel();
-        }
-        EXPECT_EQ(outline(), insideGroup ? "Scene Root@0(kept@0)" : "Scene Root@0");
-    }
 }
 
 TEST_F(SceneTest, UserPropertiesAreLinesOfText) {
@@ -255,22 +190,6 @@ TEST_F(SceneTest, CloneCopiesTheHierarchy) {
     EXPECT_EQ(instances[0]->GetTMController(), b->GetTMController());
 }
 
-TEST_F(SceneTest, UsersDeleteIsOneEntry) {
-    INode* const a = make("a", nullptr, Point3(1, 0, 0));
-    INode* const b = make("b", a, Point3(2, 0, 0));
-    make("c", b, Point3(3, 0, 0));
-    ip->SelectNode(a);
-    ip->SelectNode(b, 0);
-    EXPECT_TRUE(host.deleteSelection());
-    EXPECT_EQ(outline(), "Scene Root@0(c@3)");
-    EXPECT_EQ(host.undoNames(), std::vector<std::string>{"Delete"});
-    host.undo();
-    EXPECT_EQ(outline(), "Scene Root@0(a*@1(b*@2(c@3)))");
-    EXPECT_EQ(ip->GetSelNode(0), a);
-    ip->ClearNodeSelection();
-    EXPECT_FALSE(host.deleteSelection());
-}
-
 TEST_F(SceneTest, NamesNumberTheirBase) {
     INode* const first = ip->CreateObjectNode(nullptr);
     INode* const second = ip->CreateObjectNode(nullptr);
@@ -280,114 +199,6 @@ TEST_F(SceneTest, NamesNumberTheirBase) {
     EXPECT_EQ(ip->GetINodeByName("Node01"), first);
     ip->DeleteNode(first);
     EXPECT_EQ(ip->GetINodeByName("Node01"), second);
-}
-
-// Random recorded edits, undos and redos against the list of outlines that a correct host shows.
-TEST_F(SceneTest, RandomEditsAreUndoneStepByStep) {
-    std::mt19937 random(20100);
-    const auto upTo = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
-    const auto anyNode = [&]() -> INode* {
-        INode* node = ip->GetRootNode();
-        for (int depth = upTo(5); depth > 0 && node->NumberOfChildren() > 0; --depth)
-            node = node->GetChildNode(upTo(node->NumberOfChildren()));
-        return node == ip->GetRootNode() ? nullptr : node;
-    };
-    const auto edit = [&] {
-        INode* const node = anyNode();
-        INode* const other = anyNode();
-        const bool room = host.nodeCount() < 40;
-        if (node == nullptr || host.nodeCount() < 5) {
-            if (room) make("n", other, Point3(upTo(9), 0, 0));
-            return;
-        }
-        std::string name(1, static_cast<char>('a' + upTo(26)));
-        Matrix3 tm = TransMatrix(Point3(upTo(50), 0, 0));
-        switch (upTo(room ? 9 : 8)) {
-            case 0:
-                node->SetName(name.data());
-                break;
-            case 1:
-                node->Detach(0, upTo(2));
-                break;
-            case 2:
-                if (other != nullptr) other->AttachChild(node, upTo(2));
-                break;
-            case 3:
-                node->Hide(upTo(2));
-                break;
-            case 4:
-                ip->SelectNode(node, upTo(2));
-                break;
-            case 5:
-                node->SetNodeTM(0, tm);
-                break;
-            case 6:
-                ip->DeleteNode(node, TRUE, upTo(2));
-                break;
-            case 7:
-                node->SetTMController(NewDefaultMatrix3Controller());
-                break;
-            default:
-                make(name.c_str(), other, Point3(upTo(9), 0, 0));
-                break;
-        }
-    };
-    const auto state = [&] {
-        std::string text = outline() + ", selected";
-        for (int i = 0; i < ip->GetSelNodeCount(); ++i)
-            text += " " + std::to_string(ip->GetSelNode(i)->GetHandle());
-        return text;
-    };
-    std::vector<std::string> states{state()};
-    size_t present = 0;
-    for (int step = 0; step < 3000; ++step) {
-        const int action = upTo(4);
-        if (action == 0 && host.undo()) {
-            --present;
-        } else if (action == 1 && host.redo()) {
-            ++present;
-        } else {
-            theHold.Begin();
-            for (int edits = 1 + upTo(3); edits > 0; --edits)
-                edit();
-            std::string name = std::to_string(step);
-            if (upTo(5) == 0) {
-                theHold.Cancel();
-            } else {
-                theHold.Accept(name.data());
-            }
-            const std::vector<std::string> names = host.undoNames();
-            if (!names.empty() && names.front() == name) {
-                states.resize(++present);
-                states.push_back(state());
-            }
-        }
-        ASSERT_EQ(state(), states[present]) << "step " << step;
-    }
-}
-
-TEST_F(SceneTest, DeepHierarchyNeedsNoStack) {
-    constexpr int kDepth = 10000;
-    INode* node = ip->GetRootNode();
-    for (int i = 0; i < kDepth; ++i) {
-        INode* const child = ip->CreateObjectNode(nullptr, "deep");
-        Matrix3 step = TransMatrix(Point3(1, 0, 0));
-        child->SetNodeTM(0, step);
-        node->AttachChild(child, 0);
-        node = child;
-    }
-    EXPECT_EQ(node->GetNodeTM(0).GetTrans().x, static_cast<float>(kDepth));
-    Matrix3 tm = TransMatrix(Point3(-1, 0, 0));
-    INode* const top = ip->GetRootNode()->GetChildNode(0);
-    top->SetNodeTM(0, tm);
-    EXPECT_EQ(node->GetNodeTM(4800).GetTrans().x, static_cast<float>(kDepth - 2));
-    top->AttachChild(node, 1);  // a loop over all of them
-    INodeTab list, clones;
-    INode* listed = top;
-    list.Append(1, &listed);
-    Point3 none(0, 0, 0);
-    ip->CloneNodes(list, none, true, NODE_COPY, nullptr, &clones);
-    EXPECT_EQ(clones.Count(), kDepth);
 }
 
 }  // namespace

@@ -10,7 +10,7 @@
 #include <iterator>
 
 #include "maxhost/HeadlessHost.h"
-#include "maxhost/src/viewport/WorldPainter.h"
+#include "maxhost/src/viewport/Camera.h"
 
 namespace {
 
@@ -42,25 +42,6 @@ TEST(Camera, FramesAllPointsAsCloselyAsTheMarginAllows) {
         EXPECT_GE(room, kMargin - 1e-3) << row.name;
         EXPECT_EQ(row.touchesMargin, room < kMargin + 1e-3) << row.name;
     }
-}
-
-TEST(WorldPainter, CutsOffWhatLiesBehindTheEye) {
-    Camera camera({0, 0, 60}, 100, 100);  // looks along +Y
-    camera.frame({{-1, 10, -1}, {1, 10, 1}}, 0.1, 5);
-    const Point3 eye = camera.position();
-    const maxhost::LinearColor white(1, 1, 1);
-    maxhost::SampleBuffer samples(100, 100, 1, maxhost::LinearColor());
-    maxhost::WorldPainter painter(camera, samples);
-    // A floor from far behind the eye to far ahead covers the lower half of the picture and nothing above.
-    const float low = eye.z - 2;
-    const Point3 floor[3] = {Point3(eye.x - 900, eye.y - 900, low), Point3(eye.x + 900, eye.y - 900, low),
-                             Point3(eye.x, eye.y + 9000, low)};
-    painter.triangle(floor, {white, white, white});
-    painter.line(eye - Point3(0, 50, 0), eye - Point3(0, 5, 0), 9, white);
-    const maxhost::Picture picture = samples.resolve();
-    EXPECT_EQ(picture.pixel(50, 95)[0], 255);
-    EXPECT_EQ(picture.pixel(5, 99)[0], 255);
-    EXPECT_EQ(picture.pixel(50, 45)[0], 0);
 }
 
 /// A place without anything to show.

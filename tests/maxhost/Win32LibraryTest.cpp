@@ -2,7 +2,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -96,38 +95,6 @@ TEST_F(Win32Library, LastReleaseEndsItAndANewLoadStartsAfresh) {
     const HMODULE again = LoadLibraryA(kLibrary.c_str());
     EXPECT_EQ(callCount(again), 41) << "the old image stayed in memory";
     FreeLibrary(again);
-}
-
-TEST_F(Win32Library, AddressesTellTheModuleTheyLieIn) {
-    const HMODULE library = LoadLibraryA(kLibrary.c_str());
-    ASSERT_NE(library, nullptr) << lastErrorText();
-    const auto inLibrary = reinterpret_cast<LPCSTR>(GetProcAddress(library, "nextCount"));
-    const DWORD byAddress = GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS;
-    const DWORD uncounted = byAddress | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
-    const auto inHeap = std::make_unique<char>();
-    const struct {
-        LPCSTR address;
-        HMODULE module;
-    } cases[] = {
-        {inLibrary, library},
-        {reinterpret_cast<LPCSTR>(&kLibrary), GetModuleHandleA(nullptr)},
-        {reinterpret_cast<LPCSTR>(&LoadLibraryA), nullptr},  // of a library that was not loaded this way
-        {inHeap.get(), nullptr},
-        {nullptr, nullptr},
-    };
-    for (const auto& row : cases) {
-        HMODULE module = nullptr;
-        EXPECT_EQ(GetModuleHandleExA(uncounted, row.address, &module), row.module != nullptr);
-        EXPECT_EQ(module, row.module);
-    }
-
-    HMODULE counted = nullptr;
-    EXPECT_FALSE(GetModuleHandleExA(0, inLibrary, &counted));
-    EXPECT_TRUE(GetModuleHandleExA(byAddress, inLibrary, &counted));
-    EXPECT_TRUE(FreeLibrary(counted));
-    EXPECT_EQ(callCount(library), 41) << "one reference must be left";
-    EXPECT_TRUE(FreeLibrary(library));
-    EXPECT_FALSE(FreeLibrary(library));
 }
 
 TEST_F(Win32Library, RefusedStartUnloads) {

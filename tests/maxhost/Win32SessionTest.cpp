@@ -67,40 +67,17 @@ TEST_F(Session, BadRegistryFileIsRefusedByLine) {
     } cases[] = {
         {"", ":1: the file is empty"},
         {"\xFF\xFEW", ":1: 16-bit text; export the registry in the REGEDIT4 form"},
-        {"[HKEY_LOCAL_MACHINE\\A]\n", ":1: not a registry export"},
         {"REGEDIT4\n\"a\"=\"b\"\n", ":2: a value stands before the first section"},
         {"REGEDIT4\n[HKEY_USERS\\A]\n", ":2: unknown root key HKEY_USERS"},
-        {"REGEDIT4\n[-HKEY_LOCAL_MACHINE\\A]\n", ":2: unknown root key -HKEY_LOCAL_MACHINE"},
         {"REGEDIT4\n[HKEY_LOCAL_MACHINE\\A\n", ":2: the section's closing bracket is missing"},
         {start + "path=\"b\"\n", ":3: a quoted name is expected"},
-        {start + "\"a\" \"b\"\n", ":3: \"=\" is missing after the value's name"},
-        {start + "\"a\"=\n", ":3: only texts and dwords can be read"},
         {start + "\"a\"=hex:00\n", ":3: only texts and dwords can be read"},
         {start + "\"a\"=\"C:\\\"\n", ":3: the closing quote is missing"},
-        {start + "\"a\"=\"C:\\", ":3: the closing quote is missing"},
-        {start + "\"a\"=\"b\"c\n", ":3: text after the closing quote"},
         {start + "\"a\"=dword:123456789\n", ":3: a dword has one to eight hexadecimal digits"},
     };
     for (const auto& each : cases)
         EXPECT_EQ(loadRegistry(each.text), each.error) << each.text;
     EXPECT_THROW(Win32Session::loadRegistryFile("no such file"), std::runtime_error);
-}
-
-TEST_F(Session, RegistryBufferSizes) {
-    Win32Session::setRegistryValue("HKEY_CURRENT_USER\\A", "name", "four");
-    HKEY key = nullptr;
-    ASSERT_EQ(RegOpenKeyExA(HKEY_CURRENT_USER, "A", 0, KEY_READ, &key), ERROR_SUCCESS);
-    BYTE data[5];
-    DWORD size = 0;
-    EXPECT_EQ(RegQueryValueExA(key, "name", nullptr, nullptr, nullptr, &size), ERROR_SUCCESS);
-    EXPECT_EQ(size, 5u) << "with the closing zero";
-    size = 4;
-    EXPECT_EQ(RegQueryValueExA(key, "name", nullptr, nullptr, data, &size), ERROR_MORE_DATA);
-    EXPECT_EQ(size, 5u);
-    EXPECT_EQ(RegQueryValueExA(key, "name", nullptr, nullptr, data, &size), ERROR_SUCCESS);
-    EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
-    EXPECT_EQ(RegCloseKey(key), ERROR_INVALID_HANDLE);
-    EXPECT_EQ(RegQueryValueExA(key, "name", nullptr, nullptr, data, &size), ERROR_INVALID_HANDLE);
 }
 
 TEST_F(Session, MessageBoxesAreRecordedAnsweredAndPrinted) {
@@ -118,13 +95,6 @@ TEST_F(Session, MessageBoxesAreRecordedAnsweredAndPrinted) {
     EXPECT_TRUE(Win32Session::messageBoxes().empty());
     EXPECT_EQ(MessageBoxA(nullptr, "quiet", "", MB_OK), IDOK);
     EXPECT_EQ(printed.str().find("quiet"), std::string::npos);
-}
-
-TEST_F(Session, ClockCanBeFixed) {
-    const DWORD before = GetTickCount();
-    EXPECT_LE(GetTickCount() - before, 60000u);
-    Win32Session::setTickCount(0xfffffff0u);
-    EXPECT_EQ(GetTickCount(), 0xfffffff0u);
 }
 
 TEST_F(Session, CreatesOneFolderLevel) {

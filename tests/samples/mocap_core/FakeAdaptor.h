@@ -41,12 +41,6 @@ class FakeAdaptor : public core::AdaptorInterface {
             record->redo();
     }
 
-    /// The nodes leave with their scene; nobody is told.
-    void closeScene() {
-        for (auto& node : nodes)
-            node->listed = false;
-    }
-
     unsigned int getAdaptorVersion() override { return version; }
     const std::string& getAdaptorName() override { return text_; }
     core::CoreNode* createHelperNode(core::Owner* owner, const std::string& name, core::CoreNode* parent,
