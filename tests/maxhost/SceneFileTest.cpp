@@ -101,9 +101,10 @@ class TestClass : public ClassDesc2 {
 TestClass<Spin> spinClass(CTRL_MATRIX3_CLASS_ID, kSpinId);
 TestClass<Notes> notesClass(GUP_CLASS_ID, kNotesId);
 
-/// A host with the test classes.
+/// A host, with the test classes or without.
 struct Session {
-    Session() {
+    explicit Session(bool withPlugin = true) {
+        if (!withPlugin) return;
         host.registerPluginClass(&spinClass);
         host.registerPluginClass(&notesClass);
         EXPECT_TRUE(host.start());
@@ -236,6 +237,27 @@ TEST_F(SceneFileTest, UtilitiesSaveBeforeNodesAndAlwaysLoad) {
     EXPECT_STREQ(note.data(), "now");
     ASSERT_TRUE(session.host.open(path("empty")));
     EXPECT_EQ(Notes::running->loads, 2);
+}
+
+TEST_F(SceneFileTest, MissingClassesAndUtilitiesAreKept) {
+    {
+        Session session;
+        session.makeScene();
+        Notes::running->text = "kept";
+        ASSERT_TRUE(session.host.save(path("full")));
+    }
+    {
+        Session poor(false);
+        ASSERT_TRUE(poor.host.open(path("full")));
+        EXPECT_NE(poor.host.lastMessage().find("(0x51a70001, 0x2b3c0001)"), std::string::npos)
+            << poor.host.lastMessage();
+        INode* const turning = poor.ip->GetINodeByName("turning");
+        ASSERT_NE(turning->GetTMController(), nullptr);
+        EXPECT_NE(turning->GetTMController()->ClassID(), kSpinId);
+        EXPECT_TRUE(turning->GetNodeTM(480) == turning->GetParentTM(480));
+        ASSERT_TRUE(poor.host.save(path("kept")));
+    }
+    EXPECT_EQ(read(path("full")), read(path("kept")));
 }
 
 TEST_F(SceneFileTest, DamagedFileIsRefusedAndSceneStays) {
