@@ -169,9 +169,9 @@ TEST_F(NodeWrapper, OnlyTheOwnersViewDeletes) {
     adaptor().nodesAboutToBeDeleted(nullptr);
 
     CoreNode* const through = mine->getChild(1);
-    CoreNode* const far = through->getChild(0);
+    CoreNode* const grandchild = through->getChild(0);
     mine->releaseNode(through);
-    far->deleteNode(true);  // the view that it came from is gone
+    grandchild->deleteNode(true);  // the view that it came from is gone
     EXPECT_EQ(child->numberOfChildren(), 0);
     mine->getChild(1)->deleteNode(true);
     EXPECT_EQ(mine->numberOfChildren(), 1);
