@@ -110,11 +110,14 @@ Playback Session::watch() {
 }
 
 void Session::undoAndRedo(const Playback& before) {
-    require(host_.undo(), "undoing once");
+    // The clips are one entry; a conversion of all controllers stands on it as another.
+    for (const std::string& name : summary_.undoNames)
+        require(host_.undo(), "undoing " + name);
     summary_.undoRemovesAll = host_.nodeCount() == undoableFrom_;
     if (!summary_.undoRemovesAll)
-        throw std::runtime_error("one undo leaves " + std::to_string(host_.nodeCount()) + " nodes");
-    require(host_.redo(), "redoing once");
+        throw std::runtime_error("undo leaves " + std::to_string(host_.nodeCount()) + " nodes");
+    for (auto name = summary_.undoNames.rbegin(); name != summary_.undoNames.rend(); ++name)
+        require(host_.redo(), "redoing " + *name);
     const Playback after = watch();
     summary_.redoPlaysTheSame = after.equals(before);
     if (!summary_.redoPlaysTheSame)

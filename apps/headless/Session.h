@@ -51,7 +51,7 @@ class Session {
     SessionLog log_;
     Summary summary_;
     maxhost::HeadlessHost host_;
-    std::size_t undoableFrom_ = 0;  ///< nodes that one undo leaves: those at the start and those merged
+    std::size_t undoableFrom_ = 0;  ///< nodes that undo leaves: those at the start and those merged
 };
 
 }  // namespace headless

@@ -19,7 +19,7 @@ Json secondsOf(const Stages& stages) {
 
 void Summary::write(const std::string& path, const Stages& stages) const {
     Json checks;
-    checks.add("one undo removes the skeleton", undoRemovesAll);
+    checks.add("undo removes the skeleton", undoRemovesAll);
     checks.add("one redo plays back the same", redoPlaysTheSame);
     checks.add("the reopened scene plays back the same", reopenedPlaysTheSame);
     checks.add("the reopened scene saves to the same bytes", secondSaveIsTheSame);

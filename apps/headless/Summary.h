@@ -17,8 +17,8 @@ struct Summary {
     double rangeStart = 0, rangeEnd = 0;  // seconds
     double unitsPerMetre = 0;
     std::vector<std::string> undoNames;  // after the clip was loaded, newest first
-    bool undoRemovesAll = false;         // one undo took every node away
-    bool redoPlaysTheSame = false;       // one redo brought back the same motion
+    bool undoRemovesAll = false;         // undo took every node away
+    bool redoPlaysTheSame = false;       // redo brought back the same motion
     bool reopenedPlaysTheSame = false;   // so did saving, resetting and opening
     bool secondSaveIsTheSame = false;    // saving the reopened scene gave the same bytes
     std::size_t sceneBytes = 0;

@@ -45,9 +45,11 @@ int HeadlessRun::run(const std::vector<std::string>& command) const {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-bool HeadlessRun::install(const fs::path& clip) const {
-    const int status = run({ZK_SOURCE_FOLDER "/packaging/lay_out_installation.sh", ZK_BUILD_FOLDER,
-                            installation().string(), clip.string()});
+bool HeadlessRun::install(const fs::path& clip, const std::vector<std::string>& settings) const {
+    std::vector<std::string> command = {ZK_SOURCE_FOLDER "/packaging/lay_out_installation.sh",
+                                        ZK_BUILD_FOLDER, installation().string(), clip.string(), ""};
+    command.insert(command.end(), settings.begin(), settings.end());
+    const int status = run(command);
     EXPECT_EQ(status, 0) << readFile(folder_ / "stderr");
     return status == 0;
 }

@@ -19,8 +19,9 @@ class HeadlessRun {
     std::filesystem::path out() const { return folder_ / "out"; }
     std::filesystem::path installation() const { return folder_ / "installation"; }
 
-    /// Lays out an installation for the clip. False when that fails.
-    bool install(const std::filesystem::path& clip) const;
+    /// Lays out an installation for the clip, with more elements for the core's settings. False when that
+    /// fails.
+    bool install(const std::filesystem::path& clip, const std::vector<std::string>& settings = {}) const;
     /// Plays a session; its results go to out().
     /// returns  the program's exit status; -1 when it ended by a signal
     int play();

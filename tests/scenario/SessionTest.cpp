@@ -44,11 +44,11 @@ std::vector<std::string> namesIn(const fs::path& folder) {
 
 class SessionTest : public ::testing::Test {
   protected:
-    /// Plays a session with this clip.
-    int play(const std::string& clipText) {
+    /// Plays a session with this clip, and with these elements in the core's settings.
+    int play(const std::string& clipText, const std::vector<std::string>& settings = {}) {
         clip_ = session_.folder() / "clip.bvh";
         HeadlessRun::writeFile(clip_, clipText);
-        return session_.install(clip_) ? session_.play() : -1;
+        return session_.install(clip_, settings) ? session_.play() : -1;
     }
 
     std::string result(const std::string& name) const { return HeadlessRun::readFile(session_.out() / name); }
@@ -90,6 +90,14 @@ TEST_F(SessionTest, SecondSessionReplacesTheResultsAndNothingElse) {
     EXPECT_EQ(result("positions.csv"), positions);
     EXPECT_EQ(result("viewport.png"), picture);
     EXPECT_EQ(result("notes.txt"), "mine");
+}
+
+/// The program itself compares the motion after undo and redo, and after reopening.
+TEST_F(SessionTest, ConversionOfAllControllersIsAnEntryOfItsOwn) {
+    ASSERT_EQ(play(limb(3, kFirst + kSecond + kThird), {"<convertAll/>"}), 0) << session_.standardError();
+    const std::string summary = result("summary.json");
+    EXPECT_NE(summary.find("\"undo_entries\": 2"), std::string::npos) << summary;
+    EXPECT_NE(summary.find("\"undo removes the skeleton\": true"), std::string::npos) << summary;
 }
 
 TEST_F(SessionTest, MissingCoreIsToldInOneLine) {
