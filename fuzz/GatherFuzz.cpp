@@ -74,7 +74,7 @@ std::string expectedOutline(std::vector<Component> list) {
                list.end());
     for (std::size_t i = 0; i < list.size(); ++i)
         for (std::size_t later = list.size(); later-- > i + 1;)
-            if (!list[i].name.empty() && list[later].name == list[i].name)
+            if (list[later].name == list[i].name)
                 list.erase(list.begin() + static_cast<std::ptrdiff_t>(later));
 
     const int count = static_cast<int>(list.size());
