@@ -25,6 +25,35 @@ namespace qvo::zmx::core {
 /// The slot order is a contract and never changes.
 class CoreNode : public CNode {
   public:
+    /// What extension() offers: each id with its argument, which is not kept, and its result. getExtensions()
+    /// lists all but kConvertController. On a node that is gone all answer 0, but for the selection batch,
+    /// which belongs to no node. Any other id gives 0 and a warning in the log.
+    enum NodeExtension : int {
+        /// Opens the selection batch, one for all nodes, with nothing selected: until it is closed select()
+        /// adds to the selection and makes no undo entry. No argument. 1, or 0 when it is open already.
+        kOpenSelectionBatch = 10,
+
+        /// Closes the batch, as a scene that closes does. No argument. 1, or 0 when none is open.
+        kCloseSelectionBatch = 11,
+
+        /// Sets `driven` to false, then as kConvertController. No argument, 0.
+        kStopDriving = 17,
+
+        /// isSameNode() with the argument, a CoreNode*. 1 or 0.
+        kIsSameNode = 31,
+
+        /// setName() as one undo step. The argument is a std::string*; null does nothing. 0.
+        kRenameUndoable = 32,
+
+        /// Copies the node with its descendants. The argument is the CoreNode* to attach the copy to, by its
+        /// local values and not by its placement, or null. The result is a CoreNode*: a view of the copy,
+        /// given back through releaseNode(), or null.
+        kCloneUnder = 37,
+
+        /// Gives a node that the adaptor's controllers hold back to the host's own. No argument, 0.
+        kConvertController = 57,
+    };
+
     class Snapshot : public CSnapshot {};
     class Snapshot_Helper : public CSnapshot_Helper {};
     class Snapshot_Lens : public CSnapshot_Lens {};

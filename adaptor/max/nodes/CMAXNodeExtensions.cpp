@@ -10,16 +10,6 @@
 namespace qvo::zmx::adaptor::max {
 namespace {
 
-enum ExtensionId {
-    kOpenSelectionBatch = 10,
-    kCloseSelectionBatch = 11,
-    kStopDriving = 17,
-    kIsSameNode = 31,
-    kRenameUndoable = 32,
-    kCloneUnder = 37,
-    kConvertController = 57,  // deliberately not listed by getExtensions
-};
-
 /// Deletes the keys after `ticks` from `animatable` and everything below it; a key exactly at `ticks` stays.
 void deleteKeysAfter(Animatable& animatable, TimeValue ticks) {
     animatable.DeleteTime(Interval(ticks, TIME_PosInfinity), TIME_INCRIGHT);

@@ -186,11 +186,11 @@ TEST_F(NodeWrapper, ADeadHostNodeAnswersEveryOperation) {
     const CMAXNode nothing(nullptr, nullptr);
     for (CMAXNode* const dead : {node, const_cast<CMAXNode*>(&nothing)}) {
         std::string text = "x";
-        for (const int id : {10, 11, 17, 31, 32, 37, 57, 99})
+        for (const int id : {10, 11, 17, 31, 32, 37, 57, 99})  // as cores are compiled with them
             dead->extension(id, id == 32 ? static_cast<void*>(&text) : static_cast<CoreNode*>(other));
-        EXPECT_EQ(dead->extension(37, nullptr), 0);
+        EXPECT_EQ(dead->extension(CoreNode::kCloneUnder, nullptr), 0);
         EXPECT_EQ(dead->getExtensions(), (std::vector<unsigned int>{10, 11, 17, 37, 31, 32}));
-        EXPECT_FALSE(dead->supportsExtension(57));
+        EXPECT_FALSE(dead->supportsExtension(CoreNode::kConvertController));
         dead->show();
         dead->hide();
         dead->select();
@@ -228,24 +228,25 @@ TEST_F(NodeWrapper, SelectionBatchesAddAndSingleSelectionsReplace) {
     b->select();
     EXPECT_EQ(selection(), std::vector<std::string>{"tool_b"});
     EXPECT_EQ(host.undoNames(), (std::vector<std::string>{"Select", "Select"}));
-    EXPECT_EQ(a->extension(10, nullptr), 1);
-    EXPECT_EQ(b->extension(10, nullptr), 0) << "one batch for all wrappers";
+    EXPECT_EQ(a->extension(CoreNode::kOpenSelectionBatch, nullptr), 1);
+    EXPECT_EQ(b->extension(CoreNode::kOpenSelectionBatch, nullptr), 0) << "one batch for all wrappers";
     a->select();
     b->select();
     EXPECT_EQ(selection(), (std::vector<std::string>{"tool_a", "tool_b"}));
     EXPECT_EQ(host.undoNames().size(), 2u);
-    EXPECT_EQ(a->extension(11, nullptr), 1);
-    EXPECT_EQ(a->extension(11, nullptr), 0);
-    a->extension(10, nullptr);
+    EXPECT_EQ(a->extension(CoreNode::kCloseSelectionBatch, nullptr), 1);
+    EXPECT_EQ(a->extension(CoreNode::kCloseSelectionBatch, nullptr), 0);
+    a->extension(CoreNode::kOpenSelectionBatch, nullptr);
     adaptor().sceneClosed();
     const View fresh = view(new CMAXNode(nullptr, ip().GetINodeByName("tool_a")));
-    EXPECT_EQ(fresh->extension(11, nullptr), 0) << "a closing scene ends the batch";
+    EXPECT_EQ(fresh->extension(CoreNode::kCloseSelectionBatch, nullptr), 0)
+        << "a closing scene ends the batch";
 }
 
 TEST_F(NodeWrapper, RenamesAsOneUndoStep) {
     CMAXNode* const node = makeHelper("a");
     std::string label = "renamed";
-    EXPECT_EQ(node->extension(32, &label), 0);
+    EXPECT_EQ(node->extension(CoreNode::kRenameUndoable, &label), 0);
     EXPECT_EQ(node->getName(), "renamed");
     EXPECT_EQ(node->name, "a");
     EXPECT_EQ(host.undoNames(), std::vector<std::string>{"NODE_SETLABEL"});
@@ -265,7 +266,7 @@ TEST_F(NodeWrapper, ClearsKeysAfterATimeUnlessItIsDrivenNoMore) {
     AnimateOff();
     node->clearAnimationFrom(10 / 30.0 + 1e-9);
     EXPECT_EQ(node->hostNode()->GetTMController()->NumKeys(), 2) << "a key at the time itself stays";
-    node->extension(17, nullptr);
+    node->extension(CoreNode::kStopDriving, nullptr);
     EXPECT_FALSE(isTransformControl(node->hostNode()->GetTMController()));
     node->clearAnimationFrom(0);
     EXPECT_NEAR(node->hostNode()->GetNodeTM(1600).GetTrans().x, 10, 1e-3);
@@ -279,7 +280,7 @@ TEST_F(NodeWrapper, ConvertsParametersAlongWithTheTransform) {
     const auto lengthIsOurs = [box] {
         return static_cast<Control*>(box->GetReference(0))->ClassID() == kScalarControlClassId;
     };
-    for (const int id : {57, 17}) {
+    for (const int id : {CoreNode::kConvertController, CoreNode::kStopDriving}) {
         box->ReplaceReference(0, new ScalarControl);
         node->extension(id, nullptr);
         EXPECT_TRUE(lengthIsOurs()) << "the node's transform is the host's";
@@ -301,7 +302,8 @@ TEST_F(NodeWrapper, ClonesAreNodesOfTheirOwn) {
     EXPECT_EQ(single->numberOfChildren(), 0);
     EXPECT_EQ(tree->numberOfChildren(), 1);
     EXPECT_FALSE(tree->isSameNode(root));
-    const View under = view(reinterpret_cast<CoreNode*>(root->extension(37, static_cast<CoreNode*>(root))));
+    const View under = view(
+        reinterpret_cast<CoreNode*>(root->extension(CoreNode::kCloneUnder, static_cast<CoreNode*>(root))));
     const View parent = view(under->getParent());
     EXPECT_TRUE(parent && parent->isSameNode(root));
     root->setName("changed");

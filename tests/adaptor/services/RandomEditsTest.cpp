@@ -92,7 +92,7 @@ class RandomEdits : public AdaptorFixture {
 
     bool rename(ULONG handle) {
         std::string name = "r" + std::to_string(counter++);
-        wrapper(handle).extension(32, &name);
+        wrapper(handle).extension(CMAXNode::kRenameUndoable, &name);
         model[handle].name = name;
         return true;
     }
@@ -114,7 +114,7 @@ class RandomEdits : public AdaptorFixture {
     }
 
     bool convert(ULONG handle) {
-        wrapper(handle).extension(57, nullptr);
+        wrapper(handle).extension(CMAXNode::kConvertController, nullptr);
         model[handle].converted = true;
         model[handle].keys.clear();
         return true;
