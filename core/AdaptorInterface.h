@@ -80,7 +80,8 @@ class AdaptorInterface {
     virtual void lookupNode(const std::string& ownerName, const util::xml::Element& request,
                             NodeList& result) = 0;  // slot 15
 
-    /// Merges the models of another scene file; the sink gets views of the nodes that arrived.
+    /// Merges the models of another scene file; the sink gets views of the nodes that arrived, given back
+    /// through CNode::releaseNode. A file that cannot be merged gives an empty list and a warning in the log.
     virtual void mergeFile(const std::string& path, NodeList& result) = 0;  // slot 16
 
     /// Opens a named undo group; groups nest, the outermost names the user's undo entry. Always 0.
@@ -105,7 +106,8 @@ class AdaptorInterface {
     virtual double getTime() = 0;              // slot 23
     virtual void setTime(double seconds) = 0;  // slot 24
 
-    /// Makes the host's frame grid `multiplier` times as fine as the user's. Nothing by default.
+    /// Makes the host's frame grid `multiplier` times as fine as the user's. One that is below 1, or leaves
+    /// less than a tick for a frame, is ignored with a warning in the log. Nothing by default.
     virtual void setFrameRateMultiplier(int multiplier) { static_cast<void>(multiplier); }  // slot 25
 
     virtual TimeRange getAnimationRange() = 0;            // slot 26
@@ -115,7 +117,10 @@ class AdaptorInterface {
     virtual double getFrameRate() = 0;      // slot 28
     virtual double getFrameDuration() = 0;  // slot 29, seconds
 
-    virtual void redrawViews() = 0;          // slot 30
+    virtual void redrawViews() = 0;  // slot 30
+
+    /// Switches the host's keyboard shortcuts off, so that keys reach a window of the core that has the
+    /// focus, and on again. Each call of the first needs one of the second.
     virtual void disableAccelerators() = 0;  // slot 31
     virtual void enableAccelerators() = 0;   // slot 32
 
@@ -124,7 +129,9 @@ class AdaptorInterface {
 
     /// Begins writing keys: every transform set until endKeyBatch makes a key. Batches nest. Always 0.
     virtual int beginKeyBatch() = 0;  // slot 34
-    virtual int endKeyBatch() = 0;    // slot 35
+
+    /// Ends the innermost batch; without one nothing happens. Always 0.
+    virtual int endKeyBatch() = 0;  // slot 35
 
     /// Clears the host's undo history. Always 0.
     virtual int flushHostUndo() = 0;  // slot 36

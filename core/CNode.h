@@ -17,7 +17,9 @@ class CNode : public CExtendable {
     /// Selects the node: in place of the present selection, or in addition to it inside a selection batch.
     virtual void select() = 0;  // slot 6
 
-    /// True for a transient view of a node, and for a wrapper whose node has left the scene.
+    /// True for a view of a node, and for a wrapper that its scene's closing or CoreNode::markRemoved() has
+    /// left to the core. A wrapper that a deletion or undo took out of the scene answers false: it may come
+    /// back.
     virtual bool isRemoved() = 0;  // slot 7
 
     /// A view of the parent, or null at the top level. Given back through releaseNode.
@@ -28,7 +30,7 @@ class CNode : public CExtendable {
     /// A view of child `index`, or null. Given back through releaseNode.
     virtual core::CoreNode* getChild(int index) = 0;  // slot 10
 
-    /// Takes back a view that this interface handed out.
+    /// Ends a wrapper that is the core's: a view, or one that is removed. Null does nothing.
     virtual void releaseNode(core::CoreNode* node) = 0;  // slot 11
 
     virtual ~CNode() = default;  // slot 12
@@ -36,7 +38,8 @@ class CNode : public CExtendable {
     /// The node's name as it was given at creation or claiming; the host's own name may differ.
     std::string name;
 
-    /// Told when undo and redo take the node out and bring it back; may be null; not owned.
+    /// Told when the node leaves the scene other than by this wrapper's deleteNode(), and when it is back.
+    /// Null unless given at creation; not owned.
     NodeListener* listener = nullptr;
 
   protected:

@@ -9,7 +9,10 @@ namespace qvo::zmx {
 ///
 /// World matrices are in core space: Y-up, meters. Local matrices are relative to the parent node and, where
 /// there is one, in the host's own space and units; a node at the top level exchanges core-space matrices
-/// both ways. Reading and writing the same kind of transform is an exact round trip.
+/// both ways. What was written reads back to single precision, in which the host keeps it. An exception is a
+/// parent without extent in some direction: below it a local matrix reads as the host's world matrix.
+///
+/// A snapshot whose node is gone reads as the identity.
 class CSnapshot : public CExtendable {
   public:
     /// Sets the local transform. Non-zero on success, 0 when the matrix is refused or the node is gone.

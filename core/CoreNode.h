@@ -16,11 +16,14 @@ namespace qvo::zmx::core {
 
 /// The core's handle on one scene node.
 ///
-/// A registered wrapper is made together with its node, or by claim(); it has an owner and lives until
-/// deleteNode() or until the scene goes. A transient wrapper is a short-lived view that the core gives back
-/// through releaseNode(). Snapshots are lent: acquired here, given back through the release operation of the
-/// same kind. Times are seconds. No operation throws; a wrapper whose node is gone answers null, false, 0 or
-/// does nothing.
+/// A registered wrapper is made together with its node, or by claim(); it has an owner and is the adaptor's.
+/// It leaves the scene by deleteNode(), by the user's deletion and by undo, and then ends: at once or, where
+/// undo or redo may bring it back, with the last undo record that could. The closing of its scene and
+/// markRemoved() do not end it: they leave it to the core, removed, until releaseNode() or detach. A
+/// transient wrapper is a short-lived view, which the core gives back through releaseNode().
+///
+/// Times are seconds. No operation throws; a wrapper whose node is gone answers null, false, 0 or does
+/// nothing.
 ///
 /// The slot order is a contract and never changes.
 class CoreNode : public CNode {
@@ -82,13 +85,25 @@ class CoreNode : public CNode {
     /// and when the node is wrapped already. The view itself is unchanged.
     virtual CoreNode* claim(Owner* newOwner, std::string newName) = 0;  // slot 16
 
-    /// Lets go of the node: the wrapper leaves the adaptor's list and has no owner any more.
+    /// Lets go of the node: the wrapper leaves the adaptor's list, has no owner any more, and is the core's
+    /// to give back through releaseNode(). Does nothing to a view.
     virtual void markRemoved() = 0;  // slot 17
 
-    virtual Snapshot* acquireSnapshot(double seconds) = 0;             // slot 18
-    virtual Snapshot_Helper* acquireHelperSnapshot() = 0;              // slot 19
-    virtual Snapshot_Mesh* acquireMeshSnapshot(double seconds) = 0;    // slot 20
-    virtual Snapshot_Lens* acquireLensSnapshot(double seconds) = 0;    // slot 21
+    // Snapshots are lent until the release operation of the same kind, for which null does nothing. All are
+    // to be back when the wrapper ends: one that is still out then stays good but is never freed.
+
+    virtual Snapshot* acquireSnapshot(double seconds) = 0;  // slot 18
+
+    /// Of any node but a camera, for which it is null.
+    virtual Snapshot_Helper* acquireHelperSnapshot() = 0;  // slot 19
+
+    /// As the helper's, also for a node that shows no mesh.
+    virtual Snapshot_Mesh* acquireMeshSnapshot(double seconds) = 0;  // slot 20
+
+    /// Of a camera only; null for anything else.
+    virtual Snapshot_Lens* acquireLensSnapshot(double seconds) = 0;  // slot 21
+
+    /// Of a shape object only; null for anything else.
     virtual Snapshot_Shape* acquireShapeSnapshot(double seconds) = 0;  // slot 22
 
     virtual void releaseHelperSnapshot(Snapshot_Helper* snapshot) = 0;  // slot 23
@@ -97,12 +112,14 @@ class CoreNode : public CNode {
     virtual void releaseShapeSnapshot(Snapshot_Shape* snapshot) = 0;    // slot 26
     virtual void releaseSnapshot(Snapshot* snapshot) = 0;               // slot 27
 
+    /// True when both stand for one node of the scene; false for null.
     virtual bool isSameNode(CoreNode* other) = 0;  // slot 28
 
-    /// Moves the node under `newParent`, or to the top level for null; its world placement is kept. Always 0.
+    /// Moves the node under `newParent`, or to the top level for null; its world placement is kept. Nothing
+    /// happens when the parent's node is gone. Always 0.
     virtual int setParent(CoreNode* newParent) = 0;  // slot 29
 
-    /// Deletes all keys after `seconds` from the node and its object.
+    /// Deletes all keys after `seconds` from the node and its object. Nothing happens unless it is `driven`.
     virtual void clearAnimationFrom(double seconds) = 0;  // slot 30
 
     /// Renames the scene node; the text is cut at 1,024 characters.
@@ -112,10 +129,12 @@ class CoreNode : public CNode {
     virtual std::string getName() = 0;  // slot 32
 
     /// Ends the wrapper, and with `deleteHostNode` the scene node too; otherwise the node is only handed back
-    /// to the host's own controllers.
+    /// to the host's own controllers. A view does nothing to a node that has an owner, unless it was obtained
+    /// through a wrapper of the same owner.
     virtual void deleteNode(bool deleteHostNode) = 0;  // slot 33
 
-    /// Copies the node, with `expandHierarchy` its descendants too; a view of the copy, or null.
+    /// Copies the node, with `expandHierarchy` its descendants too. A view of the copy, given back through
+    /// releaseNode(), or null.
     virtual CoreNode* cloneNode(bool expandHierarchy) = 0;  // slot 34
 
     /// On whose behalf the node exists; compared by identity; null when nobody owns it.

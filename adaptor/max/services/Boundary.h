@@ -5,10 +5,10 @@
 
 #include "util/Log.h"
 
-/// No exception crosses the boundary with the core, in either direction. Every operation that the core calls,
-/// and every call into the core, runs inside one of these guards: it catches everything (a failed allocation
-/// and a sink of the core that throws included), logs the operation at level 1 and answers with the failure
-/// value.
+/// No exception crosses the boundary with the core, in either direction. Every operation that the core calls
+/// and that can throw, and every call into the core, runs inside one of these guards: it catches everything
+/// (a failed allocation and a sink of the core that throws included), logs the operation at level 1 and
+/// answers with the failure value.
 namespace qvo::zmx::adaptor::max {
 
 /// Logs the exception being handled; call it from a catch block only.
