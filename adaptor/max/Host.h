@@ -1,7 +1,7 @@
 #pragma once
 
-/// The host's headers, bracketed: the one place to quiet their warnings and to take back macros that would
-/// rename our own names. Product sources include this header and none of the host's own.
+/// The host's headers, bracketed: the one place to quiet their warnings and to take back macros that stand
+/// in the way of names elsewhere. Product sources include this header and none of the host's own.
 
 #if defined(__GNUC__)
 #pragma GCC diagnostic push
@@ -25,7 +25,7 @@
 #pragma GCC diagnostic pop
 #endif
 
-// Not names of ours or of the host's, but macros of the Windows headers.
+// Macros of the Windows headers: words that the standard library and we use as names.
 #undef min
 #undef max
 #undef small

@@ -33,7 +33,7 @@ CMAXNode* NodeRegistry::findByHandle(ULONG handle) const {
     return entry == byHandle_.end() ? nullptr : entry->second;
 }
 
-void NodeRegistry::retireAll() {
+void NodeRegistry::markAllRemoved() {
     for (CMAXNode* const wrapper : copy())
         wrapper->markRemoved();
 }

@@ -38,7 +38,7 @@ class NodeRegistry {
     std::vector<CMAXNode*> copy() const { return {wrappers_.begin(), wrappers_.end()}; }
 
     /// The scene is closing: marks all listed wrappers removed, which takes them out.
-    void retireAll();
+    void markAllRemoved();
 
     /// The core is going: abandons every wrapper that is known. Those that no undo record holds are
     /// destroyed, the others die with their last record.

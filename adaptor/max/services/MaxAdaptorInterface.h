@@ -17,7 +17,7 @@
 namespace qvo::zmx::adaptor::max {
 
 /// The core's view of the host: the one object that is handed to the core at attach. Its operations only
-/// check, guard and delegate; the work is in the classes of this room and of nodes/.
+/// check, guard and delegate; the work is in the classes of this folder and of nodes/.
 class MaxAdaptorInterface : public core::AdaptorInterface,
                             public util::Singleton<MaxAdaptorInterface>,
                             public util::MessageNode {
@@ -71,7 +71,7 @@ class MaxAdaptorInterface : public core::AdaptorInterface,
     /// Messages of the option elements.
     void receive(util::Message& message, bool broadcast) override;
 
-    // For the adaptor's other rooms.
+    // For the adaptor's other folders.
 
     /// The registered node wrappers.
     NodeRegistry& nodes() { return nodes_; }

@@ -59,7 +59,7 @@ void MaxAdaptorInterface::sceneRefused() {
 
 void MaxAdaptorInterface::sceneClosed() {
     sceneExpected_ = false;
-    nodes_.retireAll();
+    nodes_.markAllRemoved();
     nodesBeingDeleted_.clear();
     convertedObjects_.clear();
     SelectionBatch::close();

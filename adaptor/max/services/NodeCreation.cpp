@@ -25,17 +25,17 @@ namespace {
 /// Pure red.
 constexpr DWORD kMeshWireColor = 255;
 
-/// Half the width of a new helper's marker, in object units. The transforms that the core sets carry the
-/// meter as their scale, so that these are meters.
-constexpr double kMarkerRadius = 0.01;
+/// Half the width of a new helper, in object units. The transforms that the core sets carry the meter as
+/// their scale, so that this is in meters.
+constexpr double kDefaultShapeRadius = 0.01;
 
 /// An octahedron, so that a helper can be seen, picked and saved before the core gives it a shape of its own.
-util::CMesh defaultMarker() {
-    constexpr double r = kMarkerRadius;
-    util::CMesh marker;
-    marker.vertices = {{r, 0, 0}, {-r, 0, 0}, {0, r, 0}, {0, -r, 0}, {0, 0, r}, {0, 0, -r}};
-    marker.faces = {0, 2, 4, 2, 1, 4, 1, 3, 4, 3, 0, 4, 2, 0, 5, 1, 2, 5, 3, 1, 5, 0, 3, 5};
-    return marker;
+util::CMesh defaultShape() {
+    constexpr double r = kDefaultShapeRadius;
+    util::CMesh shape;
+    shape.vertices = {{r, 0, 0}, {-r, 0, 0}, {0, r, 0}, {0, -r, 0}, {0, 0, r}, {0, 0, -r}};
+    shape.faces = {0, 2, 4, 2, 1, 4, 1, 3, 4, 3, 0, 4, 2, 0, 5, 1, 2, 5, 3, 1, 5, 0, 3, 5};
+    return shape;
 }
 
 /// A scene node under construction, with its registered wrapper: both are taken back unless they are kept.
@@ -81,11 +81,11 @@ INode* createHostNode(Object* object) {
     return node;
 }
 
-Object* createMarkerObject() {
+Object* createHelperObject() {
     auto* const helper = static_cast<CustomHelperObject*>(
         static_cast<Object*>(GetCOREInterface()->CreateInstance(HELPER_CLASS_ID, kHelperClassId)));
     if (!helper) return nullptr;
-    helper->setShape(defaultMarker());
+    helper->setShape(defaultShape());
     helper->setWireframe(true);
     helper->setMarkerWhenEmpty(true);
     helper->setPivotAxes(true);
@@ -109,7 +109,7 @@ void recordCreation(CMAXNode& wrapper) {
 
 CMAXNode* createHelper(const NodeRequest& request) {
     const std::string hostName = hostNameFor(request);
-    INode* const node = createHostNode(createMarkerObject());
+    INode* const node = createHostNode(createHelperObject());
     if (!node) return nullptr;
     PendingNode pending(*node, request);
     pending.wrapper().listener = request.listener;

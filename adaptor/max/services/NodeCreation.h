@@ -18,7 +18,7 @@ struct NodeRequest {
     NodeListener* listener;   ///< not owned; may be null
 };
 
-/// Makes a helper node: the plug-in's own helper object with a small marker as its shape. The registered
+/// Makes a helper node: the plug-in's own helper object with a small default shape. The registered
 /// wrapper, or null with nothing left in the scene. While an undo group records, undo takes node and wrapper
 /// out together.
 CMAXNode* createHelper(const NodeRequest& request);
