@@ -12,10 +12,10 @@ namespace qvo::zmx::adaptor::max {
 
 /// The keys of one controller, in order of time. Invariant: times strictly increase.
 ///
-/// Appending is amortised constant. Searching is logarithmic, and constant when the time asked for lies
-/// beside the last one. Inserting and erasing cost the distance from the last edit, so that a series of edits
-/// that walks through the table in either direction is linear as a whole; for that the keys lie in two stacks
-/// that meet where the last edit was.
+/// Appending is amortised constant. Searching is logarithmic; for nearest() and around() it is constant when
+/// the time asked for lies beside the last one. Inserting and erasing cost the distance from the last edit,
+/// so that a series of edits that walks through the table in either direction is linear as a whole; for that
+/// the keys lie in two stacks that meet where the last edit was.
 ///
 /// Indices are checked by assertion only; callers test what comes from outside.
 template <typename T>

@@ -15,8 +15,8 @@ Matrix4 uniformScale(double factor) {
     return {{{factor, 0, 0, 0}, {0, factor, 0, 0}, {0, 0, factor, 0}, {0, 0, 0, 1}}};
 }
 
-/// Rows of the adjugate of the upper left 3x3 part: cross products of its columns' cofactors.
-void cofactors(const double (&m)[4][4], double (&result)[3][3]) {
+/// Transposed cofactors of the upper left 3x3 part.
+void adjugateOf(const double (&m)[4][4], double (&result)[3][3]) {
     for (int row = 0; row < 3; ++row)
         for (int column = 0; column < 3; ++column) {
             const int r1 = (row + 1) % 3;
@@ -65,7 +65,7 @@ Matrix3 narrowed(const Matrix4& matrix) {
 
 std::optional<Matrix4> affineInverse(const Matrix4& matrix) {
     double adjugate[3][3];
-    cofactors(matrix.m, adjugate);
+    adjugateOf(matrix.m, adjugate);
     const double determinant =
         matrix.m[0][0] * adjugate[0][0] + matrix.m[0][1] * adjugate[1][0] + matrix.m[0][2] * adjugate[2][0];
     if (determinant == 0.0 || !std::isfinite(determinant) || !std::isfinite(1.0 / determinant))

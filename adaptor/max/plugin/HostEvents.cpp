@@ -76,7 +76,8 @@ void onPreDelete(UtilityManager& manager, NotifyInfo* info) {
     adaptor.nodesDeleted();
 }
 
-/// Keeps the place of a step at the host's exit that has nothing to do.
+/// The first of the two handlers of the host's exit. Nothing is left to do ahead of the shut-down; it stays
+/// so that the host keeps as many registrations of the plug-in as ever.
 void onShutdownNotice(UtilityManager& /*manager*/, NotifyInfo* /*info*/) {}
 
 void onShutdown(UtilityManager& manager, NotifyInfo* /*info*/) {

@@ -8,7 +8,8 @@ class UtilityManager;
 /// attached core and the adaptor what happens to the scene, and end the connection when the host exits.
 void registerHostEvents(UtilityManager& manager);
 
-/// Withdraws the registrations, except those for import and export: they stay for the life of the process.
+/// Withdraws the registrations, except those for import and export: they stay for the life of the process,
+/// and without a core their handlers do nothing.
 void unregisterHostEvents(UtilityManager& manager);
 
 }  // namespace qvo::zmx::adaptor::max

@@ -24,13 +24,13 @@ char openPanelScript[] =
     "panel = getCommandPanelTaskMode();UtilityPanel.OpenUtility 'Zorva_Kestrel_Tools_Util';"
     "setCommandPanelTaskMode mode:panel;";
 
-/// Makes the folder for the product's data among the user's documents and names the log file in it. Nothing
-/// is written there: the folder is what other parts of the product look for.
+/// Makes the folder for the product's data among the user's documents, which other parts of the product look
+/// for, and forms the name of a log file in it.
 void prepareDocuments(const std::string& adaptorId) {
     const std::string folder = documentsFolder() + "\\data\\" + adaptorId + "\\";
     CreateDirectoryA(folder.c_str(), nullptr);  // one level; that it exists already is as good
     const std::string logPath = folder + "log.xml";
-    static_cast<void>(logPath);  // formed and dropped; the log stays in memory
+    static_cast<void>(logPath);  // no file is made: the log stays in memory
 }
 
 }  // namespace

@@ -33,8 +33,8 @@ class UtilityManager : public GUP, public CTimeChangeCallback {
     /// "path", the log is mirrored into the file that it names. An installation has no such value.
     DWORD Start() override;
 
-    /// Withdraws from those events that the host table marks so. Needs no other singleton: the host calls it
-    /// after its shut-down notice.
+    /// Withdraws from the host's events as unregisterHostEvents() says. Needs no other singleton: the host
+    /// calls it after its shut-down notice.
     void Stop() override;
 
     IOResult Save(ISave* save) override;
