@@ -3,11 +3,7 @@
 # There, find_package(ZorvaKestrelCore) offers the target ZorvaKestrel::zk_core.
 
 install(DIRECTORY core util DESTINATION include/zorva_kestrel COMPONENT core FILES_MATCHING PATTERN "*.h"
-    PATTERN HuffmanTree.h EXCLUDE
-    PATTERN CharacterReferences.h EXCLUDE
-    PATTERN Parser.h EXCLUDE
-    PATTERN Tokeniser.h EXCLUDE
-    PATTERN Writer.h EXCLUDE)
+    PATTERN internal EXCLUDE)
 install(TARGETS zk_util zk_core EXPORT ZorvaKestrelCore ARCHIVE DESTINATION lib COMPONENT core)
 install(EXPORT ZorvaKestrelCore NAMESPACE ZorvaKestrel:: FILE ZorvaKestrelCoreConfig.cmake
     DESTINATION lib/cmake/ZorvaKestrelCore COMPONENT core)

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "util/HuffmanTree.h"
+#include "util/internal/HuffmanTree.h"
 
 namespace qvo::util::BlockCompression {
 namespace {

@@ -24,6 +24,7 @@ product='(adaptor|core|util|samples)/'
 
 forbid "$include(adaptor|core|maxhost|samples|apps)/" 'util includes nothing of ours' util
 forbid "$include(adaptor|maxhost|samples|apps)/|$include$host_headers" 'core includes only util' core
+forbid "${include}util/(xml/)?internal/" 'private to util, and not installed' core samples adaptor
 forbid "$include(adaptor|maxhost|apps)/|$include$host_headers" 'a core knows no host' samples
 forbid "$include(maxhost|samples|apps)/" 'the adaptor includes core, util and the SDK' adaptor
 forbid "$include$product" 'the host is ignorant of the plug-in' maxhost

@@ -4,9 +4,9 @@
 #include <istream>
 #include <utility>
 
-#include "util/xml/CharacterReferences.h"
-#include "util/xml/Parser.h"
-#include "util/xml/Writer.h"
+#include "util/xml/internal/CharacterReferences.h"
+#include "util/xml/internal/Parser.h"
+#include "util/xml/internal/Writer.h"
 
 namespace qvo::util::xml {
 

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "fuzz/Require.h"
-#include "util/xml/Ascii.h"
 #include "util/xml/Element.h"
+#include "util/xml/internal/Ascii.h"
 
 using qvo::util::xml::Element;
 using qvo::util::xml::isSpace;

@@ -1,7 +1,7 @@
-#include "util/xml/Tokeniser.h"
+#include "util/xml/internal/Tokeniser.h"
 
-#include "util/xml/Ascii.h"
-#include "util/xml/CharacterReferences.h"
+#include "util/xml/internal/Ascii.h"
+#include "util/xml/internal/CharacterReferences.h"
 
 namespace qvo::util::xml {
 namespace {

@@ -1,8 +1,8 @@
-#include "util/xml/Writer.h"
+#include "util/xml/internal/Writer.h"
 
 #include <utility>
 
-#include "util/xml/CharacterReferences.h"
+#include "util/xml/internal/CharacterReferences.h"
 
 namespace qvo::util::xml {
 

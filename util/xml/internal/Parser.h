@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "util/xml/Element.h"
-#include "util/xml/Tokeniser.h"
+#include "util/xml/internal/Tokeniser.h"
 
 namespace qvo::util::xml {
 

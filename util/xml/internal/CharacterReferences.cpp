@@ -1,8 +1,8 @@
-#include "util/xml/CharacterReferences.h"
+#include "util/xml/internal/CharacterReferences.h"
 
 #include <cstddef>
 
-#include "util/xml/Ascii.h"
+#include "util/xml/internal/Ascii.h"
 
 namespace qvo::util::xml {
 namespace {

@@ -1,11 +1,11 @@
-#include "util/xml/Parser.h"
+#include "util/xml/internal/Parser.h"
 
 #include <cstddef>
 #include <string>
 #include <utility>
 
-#include "util/xml/Ascii.h"
-#include "util/xml/CharacterReferences.h"
+#include "util/xml/internal/Ascii.h"
+#include "util/xml/internal/CharacterReferences.h"
 
 namespace qvo::util::xml {
 namespace {

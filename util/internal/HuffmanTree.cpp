@@ -1,4 +1,4 @@
-#include "util/HuffmanTree.h"
+#include "util/internal/HuffmanTree.h"
 
 #include <utility>
 
