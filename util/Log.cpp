@@ -44,7 +44,7 @@ Log::Log(std::string_view text, std::int32_t level) : level_(level) {
 Log::~Log() {
     if (ownsSection_ != 0) {
         try {
-            instance().depth_ -= static_cast<std::int32_t>(ownsSection_);
+            --instance().depth_;
         } catch (...) {
             // The log was destroyed meanwhile and there is no memory for a fresh one: no depth to restore.
         }
