@@ -76,6 +76,17 @@ class AdaptorFixture : public ::testing::Test {
     static Interface& ip() { return *GetCOREInterface(); }
     static std::string log() { return util::Log::contents(); }
 
+    /// A moment within the frame, at 30 of them a second.
+    static double secondsOf(int frame) { return frame / 30.0 + 1e-6; }
+
+    /// Names of the selected nodes.
+    static std::vector<std::string> selection() {
+        std::vector<std::string> names;
+        for (int i = 0; i < ip().GetSelNodeCount(); ++i)
+            names.push_back(ip().GetSelNode(i)->GetName());
+        return names;
+    }
+
     /// A helper made through the adaptor, at the top level unless a parent is given.
     CMAXNode* makeHelper(const std::string& name, CMAXNode* parent = nullptr) {
         return static_cast<CMAXNode*>(adaptor().createHelperNode(&owner, name, parent, &listener));

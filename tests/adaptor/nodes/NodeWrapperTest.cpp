@@ -25,13 +25,6 @@ class NodeWrapper : public AdaptorFixture {
         matrix.SetTrans(Point3(x, y, z));
         return matrix;
     }
-
-    std::vector<std::string> selection() {
-        std::vector<std::string> names;
-        for (int i = 0; i < ip().GetSelNodeCount(); ++i)
-            names.push_back(ip().GetSelNode(i)->GetName());
-        return names;
-    }
 };
 
 TEST_F(NodeWrapper, CorePointsAreYUpAndInMeters) {

@@ -104,8 +104,6 @@ class RandomEdits : public AdaptorFixture {
         return true;
     }
 
-    static double secondsOf(int frame) { return frame / 30.0 + 1e-6; }
-
     bool clearFrom(ULONG handle, int frame) {
         ModelNode& node = model[handle];
         wrapper(handle).clearAnimationFrom(secondsOf(frame));

@@ -34,13 +34,6 @@ class SceneMerge : public AdaptorFixture {
         return names;
     }
 
-    std::vector<std::string> selection() {
-        std::vector<std::string> names;
-        for (int i = 0; i < ip().GetSelNodeCount(); ++i)
-            names.push_back(ip().GetSelNode(i)->GetName());
-        return names;
-    }
-
     const std::string file = ::testing::TempDir() + "merge_test.zms";
 };
 
