@@ -4,7 +4,6 @@
 
 #include <Eigen/Geometry>
 #include <cmath>
-#include <random>
 
 namespace qvo::zmx::adaptor::max {
 namespace {
@@ -95,36 +94,6 @@ TEST(Interpolation, MirrorOnOneSideOnlyPassesThroughZero) {
     const Matrix4 a = transform(turn(0, kSlant), {-1, -1, -1});
     const Matrix4 b = transform(turn(0, kSlant), {1, 1, 1});
     EXPECT_TRUE(isNear(blended(a, b, 0.25), transform(turn(0, kSlant), {-0.5, -0.5, -0.5}), kTolerance));
-}
-
-TEST(Interpolation, IsEvenInTheSpaceAroundTheParent) {
-    std::mt19937 random(7);
-    std::uniform_real_distribution<double> part(-1, 1);
-    const auto anyRotation = [&] {
-        return Quaterniond(part(random), part(random), part(random), part(random)).normalized();
-    };
-    for (int i = 0; i < 100; ++i) {
-        const Quaterniond rotationOfA = anyRotation();
-        const Quaterniond rotationOfB = anyRotation();
-        const Quaterniond rotationOfParent = anyRotation();
-        const Matrix4 parent = transform(rotationOfParent, {-2, -2, -2}, {10, 20, 30});
-        const Matrix4 a = transform(rotationOfA, {1, 2, 3}, {1, 0, 0});
-        const Matrix4 b = transform(rotationOfB, {3, 2, 1}, {0, 5, 0});
-        const double f = 0.3;
-        EXPECT_TRUE(isNear(blendedUnder(parent, a, b, f) * parent, blended(a * parent, b * parent, f), 1e-7));
-    }
-    const Matrix4 flat = transform(turn(0, kSlant), {1, 0, 1});
-    const Matrix4 a = transform(turn(10, kSlant), kOnes);
-    const Matrix4 b = transform(turn(50, kSlant), kOnes);
-    EXPECT_TRUE(isNear(blendedUnder(flat, a, b, 0.5), blended(a, b, 0.5), kTolerance));
-}
-
-TEST(Interpolation, LineThroughTwoKeys) {
-    const ZorvaKey<float> left{0, -10, 1.0f};
-    const ZorvaKey<float> right{0, 30, 3.0f};
-    EXPECT_EQ(interpolated(left, right, -10), 1.0f);
-    EXPECT_EQ(interpolated(left, right, 0), 1.5f);
-    EXPECT_EQ(interpolated(left, right, 30), 3.0f);
 }
 
 }  // namespace
