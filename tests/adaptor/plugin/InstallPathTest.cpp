@@ -17,11 +17,7 @@ TEST(InstallPath, KeysNameFoldersOfTheInstallation) {
         const char* folder;
     } cases[] = {
         {"", "C:/Zorva\\Animations/kestrelstudio"},
-        {"zmx", "C:/Zorva\\Animations/kestrelstudio"},
         {"data", "C:/Zorva\\Animations/kestrelstudio/data"},
-        {"plugin", "C:/Zorva\\Animations/kestrelstudio/plugins/win/x64"},
-        {"doc", "C:/Zorva\\Animations/kestrelstudio/doc"},
-        {"prm", "C:/Zorva\\Animations/kestrelstudio/prm"},
         {"elsewhere", "C:/Zorva\\Animations"},
     };
     for (const auto& each : cases)
