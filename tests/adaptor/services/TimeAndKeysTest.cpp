@@ -101,14 +101,5 @@ TEST_F(TimeServices, ABatchWithOwnersKeysTheirDrivenNodesWhereTheyAre) {
     EXPECT_EQ(foreign->hostNode()->GetTMController()->NumKeys(), 0);
 }
 
-TEST_F(TimeServices, SaysWhoItIs) {
-    EXPECT_EQ(adaptor().getAdaptorVersion(), 9201u);
-    EXPECT_EQ(adaptor().getAdaptorId(), "adaptor_3dsmax2010");
-    std::vector<std::string> ids;
-    util::ReturnInto<std::vector<std::string>> sink(ids);
-    adaptor().getApplicationIds(sink);
-    EXPECT_EQ(ids, (std::vector<std::string>{"3dsmax_2010", "3dsmax"}));
-}
-
 }  // namespace
 }  // namespace qvo::zmx::adaptor::max

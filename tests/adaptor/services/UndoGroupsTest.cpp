@@ -78,19 +78,11 @@ TEST_F(UndoServices, RecordsFollowUndoAndRedoAndDieWithTheHistory) {
     adaptor().beginUndoGroup("edit");
     adaptor().addUndoRecord(new TestRecord(fate));
     adaptor().endUndoGroup();
-    host.undo();
+    EXPECT_TRUE(adaptor().undoLastHostOperation());
     host.redo();
     EXPECT_EQ(fate, "undone redone ");
     adaptor().flushHostUndo();
     EXPECT_EQ(fate, "undone redone released ");
-}
-
-TEST_F(UndoServices, UndoThroughTheHostsScript) {
-    adaptor().beginUndoGroup("edit");
-    adaptor().addUndoRecord(new TestRecord(fate));
-    adaptor().endUndoGroup();
-    EXPECT_TRUE(adaptor().undoLastHostOperation());
-    EXPECT_EQ(fate, "undone ");
 }
 
 TEST_F(UndoServices, CoreRecordsEndWithTheCoreAndTheEntryStays) {
