@@ -2,7 +2,7 @@
 
 #include "adaptor/max/plugin/UtilityManager.h"
 #include "tests/adaptor/controllers/ControllerTest.h"
-#include "tests/adaptor/plugin/JournalCore.h"
+#include "tests/support/JournalCore.h"
 
 namespace qvo::zmx::test {
 namespace {

@@ -7,8 +7,8 @@
 #include <stdexcept>
 
 #include "adaptor/max/plugin/UtilityManager.h"
-#include "tests/adaptor/plugin/JournalCore.h"
 #include "tests/support/AdaptorFixture.h"
+#include "tests/support/TestCoreObject.h"
 
 namespace {
 
@@ -21,11 +21,7 @@ FileIOType presetFile = IOTYPE_RENDER_PRESETS;
 
 class HostEvents : public AdaptorFixture {
   protected:
-    HostEvents() {
-        manager_.core = &core_;
-        registerHostEvents(manager_);
-    }
-    ~HostEvents() override { manager_.core = nullptr; }
+    HostEvents() { registerHostEvents(manager_); }
 
     /// What the core hears. A gathering ends with what it gathered, here nothing.
     std::string notesOf(int code, void* parameter) {
@@ -35,7 +31,7 @@ class HostEvents : public AdaptorFixture {
     }
 
     std::string journal_;
-    JournalCore core_{[this](const std::string& line) { journal_ += line + ';'; }};
+    TestCoreObject core_{[this](const std::string& line) { journal_ += line + ';'; }};
     UtilityManager& manager_ = UtilityManager::instance();
 };
 

@@ -12,7 +12,7 @@
 #include "maxhost/src/files/ChunkReader.h"
 #include "maxhost/src/files/ChunkWriter.h"
 #include "maxhost/src/files/SceneFormat.h"
-#include "tests/adaptor/plugin/JournalCore.h"
+#include "tests/support/TestCoreObject.h"
 #include "util/Log.h"
 
 namespace {
@@ -70,9 +70,6 @@ constexpr char kWhole[] =
 
 class OlderSceneState : public ::testing::Test {
   protected:
-    OlderSceneState() { UtilityManager::instance().core = &core_; }
-    ~OlderSceneState() override { UtilityManager::instance().core = nullptr; }
-
     /// What the core gets from a scene file with these chunks.
     std::string load(const Bytes& scene) {
         journal_.clear();
@@ -82,7 +79,7 @@ class OlderSceneState : public ::testing::Test {
     }
 
     std::string journal_;
-    JournalCore core_{[this](const std::string& line) { journal_ += line; }};
+    TestCoreObject core_{[this](const std::string& line) { journal_ += line; }};
 };
 
 TEST_F(OlderSceneState, BecomesElementsUnderOneRoot) {

@@ -6,8 +6,8 @@
 
 #include "adaptor/max/plugin/ClassIds.h"
 #include "adaptor/max/plugin/UtilityManager.h"
-#include "tests/adaptor/plugin/JournalCore.h"
 #include "tests/support/ChunkBuffer.h"
+#include "tests/support/TestCoreObject.h"
 #include "util/Log.h"
 
 namespace {
@@ -17,9 +17,6 @@ using namespace qvo::zmx::test;
 
 class SceneState : public ::testing::Test {
   protected:
-    SceneState() { manager_.core = &core_; }
-    ~SceneState() override { manager_.core = nullptr; }
-
     IOResult load(const ChunkList& chunks) {
         ChunkLoader loader(chunks);
         const IOResult result = manager_.Load(&loader);
@@ -32,7 +29,7 @@ class SceneState : public ::testing::Test {
     static std::string text(const std::string& characters) { return characters + '\0'; }
 
     std::string journal_;
-    JournalCore core_{[this](const std::string& line) { journal_ += line + ';'; }};
+    TestCoreObject core_{[this](const std::string& line) { journal_ += line + ';'; }};
     UtilityManager& manager_ = UtilityManager::instance();
 };
 

@@ -7,7 +7,7 @@
 
 #include "core/AdaptorInterface.h"
 #include "core/CUndo.h"
-#include "tests/adaptor/plugin/JournalCore.h"
+#include "tests/support/JournalCore.h"
 
 namespace {
 

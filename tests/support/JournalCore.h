@@ -11,12 +11,14 @@
 namespace qvo::zmx::test {
 
 /// A core that notes every call it gets, one line each. A note that throws makes the core throw.
-class JournalCore final : public core::ReservedSlots {
+class JournalCore : public core::ReservedSlots {
   public:
     using Note = std::function<void(const std::string&)>;
 
     explicit JournalCore(Note note) : note_(std::move(note)) {}
+    virtual ~JournalCore() = default;
 
+    std::function<void(util::xml::Element&)> onLoad;  ///< what it does with a state; may be empty
     std::string stateChild;    ///< name of the tag that saveState adds; empty for a core with nothing to say
     bool wantsEvents = false;  ///< what queryEvent answers
 
@@ -24,7 +26,10 @@ class JournalCore final : public core::ReservedSlots {
         note_("saveState");
         if (!stateChild.empty()) state.addChild(util::xml::Tag(stateChild));
     }
-    void loadState(util::xml::Element& state) override { note_("loadState " + state.toString()); }
+    void loadState(util::xml::Element& state) override {
+        note_("loadState " + state.toString());
+        if (onLoad) onLoad(state);
+    }
     void sceneClosing() override { note_("sceneClosing"); }
     void openStudio(void* mainWindow) override { note_(mainWindow ? "openStudio window" : "openStudio"); }
     void timeChanged(double seconds) override { note("timeChanged", seconds); }
