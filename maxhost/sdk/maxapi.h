@@ -1,7 +1,8 @@
 #pragma once
 
 #include "inode.h"
-#include "nametab.h"
+
+class NameTab;
 
 constexpr int TASK_MODE_CREATE = 1;
 constexpr int TASK_MODE_MODIFY = 2;
@@ -15,21 +16,10 @@ constexpr int ROLLUP_CAT_STANDARD = 4000;
 constexpr int ROLLUP_CAT_CUSTATTRIB = 6000;
 constexpr DWORD APPENDROLL_CLOSED = 0x1;
 
-/// Merge actions. Where a prompt would come up, this host keeps both.
+/// Merge actions: where a prompt would come up, this host keeps both.
 constexpr int MERGE_DUPS_PROMPT = 0;
-constexpr int MERGE_DUPS_MERGE = 1;
-constexpr int MERGE_DUPS_SKIP = 2;
-constexpr int MERGE_DUPS_DELOLD = 3;
-constexpr int MERGE_DUPS_RENAME = 1000;
-/// No merge takes place; the name list is filled with the file's node names instead.
-constexpr int MERGE_LIST_NAMES = 4;
 constexpr int MERGE_DUP_MTL_PROMPT = MERGE_DUPS_PROMPT;
-constexpr int MERGE_DUP_MTL_USE_MERGED = MERGE_DUPS_DELOLD;
-constexpr int MERGE_DUP_MTL_USE_SCENE = MERGE_DUPS_SKIP;
-constexpr int MERGE_DUP_MTL_RENAME = MERGE_DUPS_RENAME;
 constexpr int MERGE_REPARENT_PROMPT = 0;
-constexpr int MERGE_REPARENT_ALWAYS = 1;
-constexpr int MERGE_REPARENT_NEVER = 2;
 
 constexpr DWORD REDRAW_BEGIN = 1 << 0;
 constexpr DWORD REDRAW_INTERACTIVE = 1 << 1;

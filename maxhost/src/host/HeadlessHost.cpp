@@ -105,9 +105,7 @@ bool HeadlessHost::save(const std::string& path) {
 }
 
 bool HeadlessHost::merge(const std::string& path, bool selectMerged) {
-    SceneCommands::MergeOptions options;
-    options.selectMerged = selectMerged;
-    return SceneCommands(host()).merge(path.c_str(), options);
+    return SceneCommands(host()).merge(path.c_str(), selectMerged);
 }
 
 bool HeadlessHost::importFile(const std::string& path) {

@@ -115,16 +115,11 @@ bool HostInterface::CloneNodes(INodeTab& nodes, Point3& offset, bool expandHiera
     return !pairs.empty();
 }
 
-int HostInterface::MergeFromFile(const TCHAR* name, BOOL mergeAll, BOOL selMerged, BOOL refresh,
-                                 int dupAction, NameTab* mrgList, int /*dupMtlAction*/, int reparentAction) {
-    SceneCommands::MergeOptions options;
-    options.all = mergeAll != FALSE;
-    options.selectMerged = selMerged != FALSE;
-    options.duplicates = dupAction;
-    options.names = mrgList;
-    options.reparent = reparentAction;
+int HostInterface::MergeFromFile(const TCHAR* name, BOOL /*mergeAll*/, BOOL selMerged, BOOL refresh,
+                                 int /*dupAction*/, NameTab* /*mrgList*/, int /*dupMtlAction*/,
+                                 int /*reparentAction*/) {
     SceneCommands commands(host_);
-    const bool merged = commands.merge(name, options);
+    const bool merged = commands.merge(name, selMerged != FALSE);
     redrawIf(refresh);
     if (commands.fileWasDamaged()) throw std::runtime_error("the file to merge is damaged");
     return merged ? 1 : 0;

@@ -138,39 +138,24 @@ bool SceneCommands::save(const TCHAR* path) {
     return saved;
 }
 
-bool SceneCommands::merge(const TCHAR* path, const MergeOptions& options) {
-    if (options.duplicates == MERGE_LIST_NAMES) return listNames(path, options.names);
+bool SceneCommands::merge(const TCHAR* path, bool selectMerged) {
     BroadcastNotification(NOTIFY_FILE_PRE_MERGE);
-    const bool merged = attempt([&] { bringIn(pathOf(path), options); });
+    const bool merged = attempt([&] { bringIn(pathOf(path), selectMerged); });
     if (merged) BroadcastNotification(NOTIFY_FILE_POST_MERGE);
     return merged;
 }
 
-void SceneCommands::bringIn(const std::string& path, const MergeOptions& options) {
+void SceneCommands::bringIn(const std::string& path, bool selectMerged) {
     SceneDocument document = readDocument(path, host_.classes());
-    SceneMerge::Rules rules;
-    rules.duplicates = options.duplicates;
-    rules.reparent = options.reparent;
-    rules.names = options.all ? nullptr : options.names;
     const HoldSuspend unrecorded;
-    const std::vector<Node*> nodes =
-        SceneMerge::run(*document.scene, host_.scene(), rules, Timing::instance().time());
-    if (options.selectMerged) host_.scene().selection().set(nodes);
+    const std::vector<Node*> nodes = SceneMerge::run(*document.scene, host_.scene());
+    if (selectMerged) host_.scene().selection().set(nodes);
     host_.setMessage(missingText(document));
-}
-
-bool SceneCommands::listNames(const TCHAR* path, NameTab* names) {
-    return attempt([&] {
-        const SceneDocument document = readDocument(pathOf(path), host_.classes());
-        if (names == nullptr) return;
-        for (Node* node : document.scene->nodesInOrder())
-            names->AddName(node->GetName());
-    });
 }
 
 bool SceneCommands::importFile(const TCHAR* path) {
     BroadcastNotification(NOTIFY_PRE_IMPORT);
-    const bool imported = attempt([&] { bringIn(pathOf(path), MergeOptions()); });
+    const bool imported = attempt([&] { bringIn(pathOf(path), false); });
     BroadcastNotification(imported ? NOTIFY_POST_IMPORT : NOTIFY_IMPORT_FAILED);
     return imported;
 }
