@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include "baseinterface.h"
 #include "bitarray.h"
 #include "coreexp.h"
@@ -10,10 +8,6 @@
 #include "tab.h"
 
 class IObjParam;
-
-namespace maxhost {
-class AnimatableAccess;
-}
 
 /// Flags of the time operations below; the TIME_ bits go into the same word.
 constexpr DWORD TRACK_DOSEL = 1 << 0;
@@ -91,22 +85,6 @@ class TimeMap {
     virtual TimeValue map(TimeValue t) = 0;
 };
 
-/// A piece of foreign data on an animatable. `data` comes from MAX_malloc and is freed with the chunk.
-class AppDataChunk : public MaxHeapOperators {
-  public:
-    Class_ID classID;
-    SClass_ID superClassID;
-    DWORD subID;
-    DWORD length;
-    void* data;
-
-    AppDataChunk(const Class_ID& cid, SClass_ID sid, DWORD sbid, DWORD len, void* block)
-        : classID(cid), superClassID(sid), subID(sbid), length(len), data(block) {}
-    ~AppDataChunk() { MAX_free(data); }
-    AppDataChunk(const AppDataChunk&) = delete;
-    AppDataChunk& operator=(const AppDataChunk&) = delete;
-};
-
 /// Anything that the track view can show. The destructor is protected: instances die by DeleteThis, DeleteMe
 /// or MaybeAutoDelete, never by `delete`.
 class CoreExport Animatable : public InterfaceServer {
@@ -160,25 +138,14 @@ class CoreExport Animatable : public InterfaceServer {
     using InterfaceServer::GetInterface;
     virtual void* GetInterface(ULONG /*id*/) { return nullptr; }
 
-    /// Takes over `data` (from MAX_malloc); a chunk of the same three ids is replaced.
-    void AddAppDataChunk(const Class_ID& cid, SClass_ID sid, DWORD sbid, DWORD len, void* data);
-    /// Null when there is none. The chunk stays the object's.
-    AppDataChunk* GetAppDataChunk(const Class_ID& cid, SClass_ID sid, DWORD sbid);
-    /// FALSE when there was none.
-    BOOL RemoveAppDataChunk(const Class_ID& cid, SClass_ID sid, DWORD sbid);
-    void ClearAllAppData();
-
     void SetAFlag(DWORD mask) { aflag_ |= mask; }
     void ClearAFlag(DWORD mask) { aflag_ &= ~mask; }
     BOOL TestAFlag(DWORD mask) { return (aflag_ & mask) != 0 ? TRUE : FALSE; }
 
   protected:
     Animatable() = default;
-    ~Animatable() override;
+    ~Animatable() override = default;
 
   private:
-    friend class maxhost::AnimatableAccess;
-
     DWORD aflag_ = 0;
-    std::vector<AppDataChunk*> appData_;
 };

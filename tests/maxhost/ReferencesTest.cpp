@@ -1,5 +1,3 @@
-#include <cstring>
-
 #include "tests/maxhost/HostFixture.h"
 #include "tests/maxhost/TestTarget.h"
 
@@ -191,17 +189,12 @@ TEST_F(ReferencesTest, ClonesShareWhatWasShared) {
     root.ReplaceReference(0, &branch);
     root.ReplaceReference(1, &leaf);
     branch.ReplaceReference(0, &leaf);
-    const Class_ID owner(1, 2);
-    leaf.AddAppDataChunk(owner, 3, 4, 6, std::memcpy(MAX_malloc(6), "hello", 6));
-    leaf.AddAppDataChunk(owner, 3, 5, 0, nullptr);
-    EXPECT_FALSE(leaf.RemoveAppDataChunk(owner, 3, 6));
 
     DefaultRemapDir remap;
     auto* const clone = static_cast<TestTarget*>(remap.CloneRef(&root));
     RefTargetHandle const leafClone = clone->GetReference(1);
     EXPECT_EQ(clone->GetReference(0)->GetReference(0), leafClone);
     EXPECT_NE(leafClone, &leaf);
-    EXPECT_STREQ(static_cast<char*>(leafClone->GetAppDataChunk(owner, 3, 4)->data), "hello");
     EXPECT_EQ(TestTarget::alive, 6);
     clone->DeleteMe();
     EXPECT_EQ(TestTarget::alive, 3);

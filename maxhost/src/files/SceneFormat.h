@@ -43,7 +43,6 @@ constexpr USHORT kObjectData = 0x0043;   ///< the object's chunks
 
 // In nodes and objects.
 constexpr USHORT kReferences = 0x0051;  ///< numbers of the targets, by reference index
-constexpr USHORT kAppData = 0x0052;     ///< owner's class id, super class id, sub id; the data
 
 struct SettingsRecord {
     std::int32_t time, rangeStart, rangeEnd;
@@ -65,10 +64,5 @@ struct ClassRecord {
     std::uint32_t superClass, classA, classB;
 };
 static_assert(sizeof(ClassRecord) == 12, "stored raw in scene files");
-
-struct AppDataRecord {
-    std::uint32_t classA, classB, superClass, subId;
-};
-static_assert(sizeof(AppDataRecord) == 16, "stored raw in scene files");
 
 }  // namespace maxhost::format

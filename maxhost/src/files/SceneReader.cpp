@@ -157,24 +157,8 @@ void SceneReader::readNode(ByteSpan content) {
     while (takeChunk(content, chunk)) {
         if (chunk.id == kNodeProperties) node->applyUserProperties(textOf(chunk.content));
         if (chunk.id == kReferences) entry.references = chunk.content;
-        if (chunk.id == kAppData) readAppData(*node, chunk.content);
     }
     nodes_.push_back(entry);
-}
-
-void SceneReader::readAppData(Animatable& owner, ByteSpan content) const {
-    AppDataRecord record;
-    if (content.size < sizeof record) fail("a piece of application data is too short");
-    std::memcpy(&record, content.data, sizeof record);
-    const size_t length = content.size - sizeof record;
-    void* const data = MAX_malloc(length > 0 ? length : 1);
-    if (data == nullptr || length > 0x7fffffff) {
-        MAX_free(data);
-        fail("there is no memory for a piece of application data");
-    }
-    if (length > 0) std::memcpy(data, content.data + sizeof record, length);
-    owner.AddAppDataChunk(Class_ID(record.classA, record.classB), record.superClass, record.subId,
-                          static_cast<DWORD>(length), data);
 }
 
 void SceneReader::readObjects() {
@@ -195,10 +179,8 @@ void SceneReader::readObject(ByteSpan content) {
     const Class_ID classId(entry.kind.classA, entry.kind.classB);
     if (!isSavedSuperClass(entry.kind.superClass))
         fail(where + "files hold no " + objectText(entry.kind.superClass, classId));
-    std::vector<ByteSpan> appData;
     while (takeChunk(content, chunk)) {
         if (chunk.id == kReferences) entry.references = chunk.content;
-        if (chunk.id == kAppData) appData.push_back(chunk.content);
         if (chunk.id == kObjectData && chunk.container) entry.data = chunk.content;
     }
     entry.object =
@@ -211,8 +193,6 @@ void SceneReader::readObject(ByteSpan content) {
     }
     objects_.push_back(entry);
     holds_.emplace_back(entry.object);
-    for (const ByteSpan& each : appData)
-        readAppData(*entry.object, each);
 }
 
 void SceneReader::noteMissing(const ClassRecord& kind) {

@@ -52,7 +52,6 @@ class CoreExport SceneReader {
     void readObject(ByteSpan content);
     void loadObjects();
     void putReferences(ReferenceMaker& maker, ByteSpan numbers, const std::string& owner);
-    void readAppData(Animatable& owner, ByteSpan content) const;
     ReferenceTarget* target(std::uint32_t number) const;
     void noteMissing(const format::ClassRecord& kind);
     [[noreturn]] static void fail(const std::string& what);

@@ -6,7 +6,6 @@
 #include "maxhost/src/files/Checksum.h"
 #include "maxhost/src/files/ObjectText.h"
 #include "maxhost/src/files/Placeholder.h"
-#include "maxhost/src/references/AnimatableAccess.h"
 
 namespace maxhost {
 
@@ -110,7 +109,6 @@ void SceneWriter::writeNode(Node& node) {
     const std::string& properties = node.userProperties();
     if (!properties.empty()) out_.writeData(kNodeProperties, properties.data(), properties.size());
     writeReferences(node);
-    writeAppData(node);
     out_.EndChunk();
 }
 
@@ -125,7 +123,6 @@ void SceneWriter::writeObject(ReferenceTarget& object) {
     out_.BeginChunk(kObject);
     out_.writeData(kObjectClass, &record, sizeof record);
     writeReferences(object);
-    writeAppData(object);
     out_.BeginChunk(kObjectData);
     out_.markContainer();
     if (placeholder == nullptr)
@@ -150,17 +147,6 @@ void SceneWriter::writeReferences(ReferenceMaker& maker) {
         numbers.push_back(found == numbers_.end() ? kNone : static_cast<std::uint32_t>(found->second));
     }
     if (!numbers.empty()) out_.writeData(kReferences, numbers.data(), numbers.size() * sizeof numbers[0]);
-}
-
-void SceneWriter::writeAppData(const Animatable& owner) {
-    for (const AppDataChunk* chunk : AnimatableAccess::appData(owner)) {
-        const AppDataRecord record{chunk->classID.PartA(), chunk->classID.PartB(), chunk->superClassID,
-                                   chunk->subID};
-        out_.BeginChunk(kAppData);
-        out_.Write(&record, sizeof record, nullptr);
-        out_.Write(chunk->data, chunk->length, nullptr);
-        out_.EndChunk();
-    }
 }
 
 void SceneWriter::writeChecksums() {

@@ -31,7 +31,6 @@ class CoreExport SceneWriter {
     void writeObject(ReferenceTarget& object);
     void writeObjectData(ReferenceTarget& object);
     void writeReferences(ReferenceMaker& maker);
-    void writeAppData(const Animatable& owner);
     void writeChecksums();
 
     Scene& scene_;

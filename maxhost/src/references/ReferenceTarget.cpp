@@ -1,11 +1,9 @@
 #include <ref.h>
 
-#include "maxhost/src/references/AnimatableAccess.h"
 #include "maxhost/src/references/DependentList.h"
 #include "maxhost/src/references/ReferenceAccess.h"
 #include "maxhost/src/undo/Faults.h"
 
-using maxhost::AnimatableAccess;
 using maxhost::DependentList;
 using maxhost::Faults;
 using maxhost::ReferenceAccess;
@@ -79,7 +77,6 @@ RefResult ReferenceTarget::NotifyDependents(Interval changeInt, PartID partID, R
 
 void ReferenceTarget::BaseClone(ReferenceTarget* from, ReferenceTarget* to, RemapDir& remap) {
     if (from == nullptr || to == nullptr || from == to) return;
-    AnimatableAccess::copyAppData(*from, *to);
     remap.AddEntry(from, to);
 }
 
