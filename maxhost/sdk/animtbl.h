@@ -1,7 +1,6 @@
 #pragma once
 
 #include "baseinterface.h"
-#include "bitarray.h"
 #include "coreexp.h"
 #include "interval.h"
 #include "strclass.h"
@@ -41,14 +40,6 @@ constexpr DWORD TIMERANGE_ALL = 2;
 constexpr DWORD TIMERANGE_CHILDNODES = 4;
 constexpr DWORD TIMERANGE_CHILDANIMS = 8;
 
-constexpr DWORD ADDKEY_SELECT = 1;
-constexpr DWORD ADDKEY_INTERP = 2;
-constexpr DWORD ADDKEY_FLAGGED = 4;
-
-constexpr DWORD COPYKEY_POS = 1;
-constexpr DWORD COPYKEY_ROT = 2;
-constexpr DWORD COPYKEY_SCALE = 4;
-
 constexpr DWORD KEYAT_POSITION = 1 << 0;
 constexpr DWORD KEYAT_ROTATION = 1 << 1;
 constexpr DWORD KEYAT_SCALE = 1 << 2;
@@ -78,13 +69,6 @@ class TrackHitRecord {
 };
 typedef Tab<TrackHitRecord> TrackHitTab;
 
-/// Maps old key times to new ones.
-class TimeMap {
-  public:
-    virtual ~TimeMap() = default;
-    virtual TimeValue map(TimeValue t) = 0;
-};
-
 /// Anything that the track view can show. The destructor is protected: instances die by DeleteThis, DeleteMe
 /// or MaybeAutoDelete, never by `delete`.
 class CoreExport Animatable : public InterfaceServer {
@@ -113,25 +97,15 @@ class CoreExport Animatable : public InterfaceServer {
     virtual TimeValue GetKeyTime(int /*index*/) { return 0; }
     virtual int GetKeyIndex(TimeValue /*t*/) { return 0; }
     virtual BOOL GetNextKeyTime(TimeValue /*t*/, DWORD /*flags*/, TimeValue& /*nt*/) { return FALSE; }
-    virtual void CopyKeysFromTime(TimeValue /*src*/, TimeValue /*dst*/, DWORD /*flags*/) {}
     virtual void DeleteKeyAtTime(TimeValue /*t*/) {}
     virtual BOOL IsKeyAtTime(TimeValue /*t*/, DWORD /*flags*/) { return FALSE; }
     virtual int GetKeyTimes(Tab<TimeValue>& /*times*/, Interval /*range*/, DWORD /*flags*/) { return 0; }
-    virtual int GetKeySelState(BitArray& /*sel*/, Interval /*range*/, DWORD /*flags*/) { return 0; }
     virtual Interval GetTimeRange(DWORD /*flags*/) { return Interval(); }
-    virtual void EditTimeRange(Interval /*range*/, DWORD /*flags*/) {}
     virtual void DeleteTime(Interval /*iv*/, DWORD /*flags*/) {}
-    virtual void ReverseTime(Interval /*iv*/, DWORD /*flags*/) {}
-    virtual void ScaleTime(Interval /*iv*/, float /*s*/) {}
-    virtual void InsertTime(TimeValue /*ins*/, TimeValue /*amount*/) {}
-    virtual void MapKeys(TimeMap* /*map*/, DWORD /*flags*/) {}
     virtual void DeleteKeys(DWORD /*flags*/) {}
     virtual void DeleteKeyByIndex(int /*index*/) {}
     virtual void SelectKeys(TrackHitTab& /*sel*/, DWORD /*flags*/) {}
     virtual void SelectKeyByIndex(int /*i*/, BOOL /*sel*/) {}
-    virtual BOOL IsKeySelected(int /*i*/) { return FALSE; }
-    virtual void FlagKey(TrackHitRecord /*hit*/) {}
-    virtual void AddNewKey(TimeValue /*t*/, DWORD /*flags*/) {}
     virtual void MouseCycleStarted(TimeValue /*t*/) {}
     virtual void MouseCycleCompleted(TimeValue /*t*/) {}
 

@@ -6,7 +6,6 @@
 
 #include "acolor.h"
 #include "animtbl.h"
-#include "bitarray.h"
 #include "box3.h"
 #include "buildver.h"
 #include "channels.h"
@@ -22,7 +21,6 @@
 #include "interval.h"
 #include "ioapi.h"
 #include "ipoint2.h"
-#include "ipoint3.h"
 #include "matrix3.h"
 #include "maxapi.h"
 #include "maxheap.h"
