@@ -82,34 +82,36 @@ void MasterNodes::takeFrom(Element& tag, const std::string& nodeName) {
 }
 
 void MasterNodes::unpackAll() {
-    const auto unusable = [](MasterNode& masterNode) {
-        if (!isCompressed(masterNode.state)) return false;
-        Unpacked result = unpacked(masterNode.state);
-        const bool usable = result.state.has_value();
-        if (result.fault)
-            util::logLine(util::Log::kWarning, usable ? "Kept a part of" : "Dropped", " a component of node ",
-                          masterNode.nodeName, ": its compressed state ", result.fault);
-        if (usable) masterNode.state = std::move(*result.state);
-        return !usable;
-    };
-    masterNodes_.erase(std::remove_if(masterNodes_.begin(), masterNodes_.end(), unusable),
-                       masterNodes_.end());
+    std::vector<MasterNode> kept;
+    for (MasterNode& masterNode : masterNodes_) {
+        if (isCompressed(masterNode.state)) {
+            Unpacked result = unpacked(masterNode.state);
+            if (result.fault)
+                util::logLine(util::Log::kWarning, result.state ? "Kept a part of" : "Dropped",
+                              " a component of node ", masterNode.nodeName, ": its compressed state ",
+                              result.fault);
+            if (!result.state) continue;
+            masterNode.state = std::move(*result.state);
+        }
+        kept.push_back(std::move(masterNode));
+    }
+    masterNodes_ = std::move(kept);
 }
 
 void MasterNodes::dropDuplicates() {
     std::unordered_set<std::string> met;
-    const auto repeated = [&met](const MasterNode& masterNode) {
+    std::vector<MasterNode> kept;
+    for (MasterNode& masterNode : masterNodes_) {
         const std::string& name = uniqueNameOf(masterNode.state);
         if (name.empty())
             util::logLine(util::Log::kWarning, "A component of node ", masterNode.nodeName, " has no name");
-        const bool isRepeated = !met.insert(name).second;
-        if (isRepeated)
+        if (met.insert(name).second)
+            kept.push_back(std::move(masterNode));
+        else
             util::logLine(util::Log::kWarning, "Dropped a second component ", name, " of node ",
                           masterNode.nodeName);
-        return isRepeated;
-    };
-    masterNodes_.erase(std::remove_if(masterNodes_.begin(), masterNodes_.end(), repeated),
-                       masterNodes_.end());
+    }
+    masterNodes_ = std::move(kept);
 }
 
 Element MasterNodes::link() {
