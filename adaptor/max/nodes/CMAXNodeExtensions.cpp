@@ -3,7 +3,7 @@
 #include "adaptor/max/nodes/HostTime.h"
 #include "adaptor/max/nodes/SelectionBatch.h"
 #include "adaptor/max/services/Boundary.h"
-#include "adaptor/max/services/MaxAdaptorInterface.h"
+#include "adaptor/max/services/UndoGroupScope.h"
 #include "util/Log.h"
 
 /// What a node offers beyond the fixed slots, and the clearing of its animation.
@@ -16,15 +16,6 @@ void deleteKeysAfter(Animatable& animatable, TimeValue ticks) {
     for (int i = 0; i < animatable.NumSubs(); ++i)
         if (Animatable* const sub = animatable.SubAnim(i)) deleteKeysAfter(*sub, ticks);
 }
-
-/// An undo group that ends on every path.
-class UndoGroupScope {
-  public:
-    explicit UndoGroupScope(const char* name) { MaxAdaptorInterface::instance().beginUndoGroup(name); }
-    ~UndoGroupScope() { MaxAdaptorInterface::instance().endUndoGroup(); }
-    UndoGroupScope(const UndoGroupScope&) = delete;
-    UndoGroupScope& operator=(const UndoGroupScope&) = delete;
-};
 
 }  // namespace
 

@@ -5,6 +5,7 @@
 #include "adaptor/max/plugin/UtilityManager.h"
 #include "adaptor/max/services/MaxAdaptorInterface.h"
 #include "adaptor/max/services/OptionChangeRestoreObj.h"
+#include "adaptor/max/services/UndoGroupScope.h"
 
 namespace qvo::zmx::adaptor::max {
 namespace {
@@ -12,31 +13,20 @@ namespace {
 constexpr int kFirstOptionMessage = 16384;
 constexpr int kLastOptionMessage = 17280;
 
-/// An undo group of the adaptor's own, for one option.
-class OptionGroupUndo {
-  public:
-    explicit OptionGroupUndo(const std::string& label) { adaptor().beginUndoGroup(label); }
-    ~OptionGroupUndo() { adaptor().endUndoGroup(); }
-    OptionGroupUndo(const OptionGroupUndo&) = delete;
-    OptionGroupUndo& operator=(const OptionGroupUndo&) = delete;
-
-    static MaxAdaptorInterface& adaptor() { return MaxAdaptorInterface::instance(); }
-};
-
 bool isStoredOption(unsigned int id) {
     return id == kOptimizedControllerOption || id == kDynamicMeshesOption;
 }
 
 void convertAllControllers(const std::string& label) {
-    const OptionGroupUndo group(label);
+    const UndoGroupScope group(label);
     convertAllTransformControls();
     convertAllScalarControls();
 }
 
 void changeOption(unsigned int id, const std::string& label, bool value) {
-    const OptionGroupUndo group(label);
+    const UndoGroupScope group(label);
     const bool formerValue = UtilityManager::instance().options().value(id);
-    OptionGroupUndo::adaptor().addOwnUndoRecord(new OptionChangeRestoreObj(id, formerValue, value));
+    MaxAdaptorInterface::instance().addOwnUndoRecord(new OptionChangeRestoreObj(id, formerValue, value));
     storeOption(id, value);
 }
 
