@@ -32,7 +32,7 @@ void renameHostNode(INode& node, const std::string& name) {
 }
 
 CMAXNode::CMAXNode(core::Owner* nodeOwner, std::string nodeName, CMAXNode* parent, INode* hostNode)
-    : removed_(false), node_(hostNode), handle_(hostNode ? hostNode->GetHandle() : 0) {
+    : removed_(false), node_(hostNode) {
     name = std::move(nodeName);
     owner = nodeOwner;
     INode* const parentNode = parent ? parent->hostNode() : nullptr;
@@ -40,11 +40,10 @@ CMAXNode::CMAXNode(core::Owner* nodeOwner, std::string nodeName, CMAXNode* paren
     registry().add(*this);
 }
 
-CMAXNode::CMAXNode(CMAXNode* from, INode* hostNode)
-    : removed_(true), node_(hostNode), handle_(hostNode ? hostNode->GetHandle() : 0) {
+CMAXNode::CMAXNode(CMAXNode* from, INode* hostNode) : removed_(true), node_(hostNode) {
     origin = from;
     originOwner_ = from ? from->owner : nullptr;
-    if (const CMAXNode* const registered = hostNode ? registry().findByHandle(handle_) : nullptr) {
+    if (const CMAXNode* const registered = hostNode ? registry().findByHandle(handle()) : nullptr) {
         name = registered->name;
         owner = registered->owner;
     } else if (hostNode) {
@@ -73,10 +72,6 @@ CMAXNode::~CMAXNode() {
         });
         dissolveGeometrySnapshots();
     });
-}
-
-INode* CMAXNode::hostNode() const {
-    return node_ && GetCOREInterface()->GetINodeByHandle(handle_) == node_ ? node_ : nullptr;
 }
 
 // Lifetime
@@ -117,7 +112,7 @@ void CMAXNode::takeOut(CMAXNode& wrapper) {
 core::CoreNode* CMAXNode::claim(core::Owner* newOwner, std::string newName) {
     return guarded("claim", static_cast<core::CoreNode*>(nullptr), [&]() -> core::CoreNode* {
         INode* const node = hostNode();
-        if (!removed_ || !node || registry().findByHandle(handle_)) return nullptr;
+        if (!removed_ || !node || registry().findByHandle(handle())) return nullptr;
         return new CMAXNode(newOwner, std::move(newName), nullptr, node);  // the registry's from here on
     });
 }
@@ -164,7 +159,7 @@ void CMAXNode::deleteNode(bool deleteHostNode) {
         const bool borrowed = owner && (!origin || originOwner_ != owner);
         if (borrowed) return;  // a component cannot delete another component's node through a view of it
         const bool deleted = deleteHostSide(deleteHostNode);
-        CMAXNode* const registered = deleted ? registry().findByHandle(handle_) : nullptr;
+        CMAXNode* const registered = deleted ? registry().findByHandle(handle()) : nullptr;
         if (registered) takeOut(*registered);
         destroy();
     });
@@ -197,11 +192,10 @@ void CMAXNode::getAnnotations(util::ReturnValue<std::vector<std::string>>& resul
 
 core::CoreNode::Snapshot* CMAXNode::acquireSnapshot(double seconds) {
     return guarded("acquireSnapshot", static_cast<Snapshot*>(nullptr), [&]() -> Snapshot* {
-        INode* const node = hostNode();
-        if (!node) return nullptr;
+        if (!hostNode()) return nullptr;
         CMAXSnapshot& snapshot = snapshots_.acquire([&] { return new CMAXSnapshot(*this); });
         snapshot.current = this;
-        snapshot.node = HostNodeRef(node);
+        snapshot.node = node_;
         snapshot.time = seconds;
         snapshot.ticks = ticksFromSeconds(seconds);
         return &snapshot;

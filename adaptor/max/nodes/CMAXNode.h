@@ -42,10 +42,10 @@ class CMAXNode : public core::CoreNode {
     CMAXNode& operator=(const CMAXNode&) = delete;
 
     /// The host node, or null when there is none or the host does not know it any more.
-    INode* hostNode() const;
+    INode* hostNode() const { return node_.get(); }
 
     /// The host node's handle, 0 without a host node.
-    ULONG handle() const { return handle_; }
+    ULONG handle() const { return node_.handle(); }
 
     /// Takes the wrapper out of the registry and, while changes are recorded and it has an owner, hands it to
     /// an undo record that can bring it back; destroys it otherwise.
@@ -122,8 +122,7 @@ class CMAXNode : public core::CoreNode {
     bool removed_;
     bool abandoned_ = false;
     core::Owner* originOwner_ = nullptr;  ///< of `origin`, which may be gone by the time it counts
-    INode* node_;                         ///< not owned; ask hostNode()
-    ULONG handle_;                        ///< of node_
+    HostNodeRef node_;
 
     SnapshotPool<CMAXSnapshot> snapshots_;
     SnapshotPool<CMAXSnapshot_Helper> helperSnapshots_;

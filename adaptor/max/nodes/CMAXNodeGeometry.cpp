@@ -32,7 +32,7 @@ core::CoreNode::Snapshot_Helper* CMAXNode::acquireHelperSnapshot() {
                        CMAXSnapshot_Helper& snapshot =
                            helperSnapshots_.acquire([&] { return new CMAXSnapshot_Helper(*this); });
                        snapshot.object = object;
-                       snapshot.node = HostNodeRef(node);
+                       snapshot.node = node_;
                        return &snapshot;
                    });
 }
@@ -57,7 +57,7 @@ core::CoreNode::Snapshot_Lens* CMAXNode::acquireLensSnapshot(double seconds) {
         if (!isOfSuperClass(object, CAMERA_CLASS_ID)) return nullptr;
         CMAXSnapshot_Lens& snapshot = lensSnapshots_.acquire([&] { return new CMAXSnapshot_Lens(*this); });
         snapshot.object = static_cast<GenCamera*>(object);
-        snapshot.node = HostNodeRef(node);
+        snapshot.node = node_;
         snapshot.time = seconds;
         snapshot.ticks = ticksFromSeconds(seconds);
         return &snapshot;
@@ -71,7 +71,7 @@ core::CoreNode::Snapshot_Shape* CMAXNode::acquireShapeSnapshot(double seconds) {
         if (!isOfSuperClass(object, SHAPE_CLASS_ID)) return nullptr;
         CMAXSnapshot_Shape& snapshot = shapeSnapshots_.acquire([&] { return new CMAXSnapshot_Shape(*this); });
         snapshot.object = static_cast<ShapeObject*>(object);
-        snapshot.node = HostNodeRef(node);
+        snapshot.node = node_;
         snapshot.time = seconds;
         snapshot.ticks = ticksFromSeconds(seconds);
         return &snapshot;

@@ -59,8 +59,8 @@ void CMAXNode::select() {
 core::CoreNode* CMAXNode::getParent() {
     return guarded("getParent", static_cast<core::CoreNode*>(nullptr), [&]() -> core::CoreNode* {
         INode* const node = hostNode();
-        INode* const parent = node ? node->GetParentNode() : nullptr;
-        return parent && !parent->IsRootNode() ? new CMAXNode(this, parent) : nullptr;  // the core's
+        INode* const parent = node ? parentOf(*node) : nullptr;
+        return parent ? new CMAXNode(this, parent) : nullptr;  // the core's
     });
 }
 

@@ -5,15 +5,6 @@
 #include "util/Log.h"
 
 namespace qvo::zmx::adaptor::max {
-namespace {
-
-/// Null at the top level.
-INode* parentOf(INode& node) {
-    INode* const parent = node.GetParentNode();
-    return parent && !parent->IsRootNode() ? parent : nullptr;
-}
-
-}  // namespace
 
 int CMAXNode::CMAXSnapshot::setHostTransform(INode& target, const Matrix4& transform) const {
     Matrix3 hostTransform = narrowed(transform);

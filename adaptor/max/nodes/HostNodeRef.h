@@ -15,9 +15,18 @@ class HostNodeRef {
         return node_ && GetCOREInterface()->GetINodeByHandle(handle_) == node_ ? node_ : nullptr;
     }
 
+    /// 0 without a node; stays when the node dies.
+    ULONG handle() const { return handle_; }
+
   private:
     INode* node_ = nullptr;  ///< not owned
-    ULONG handle_ = 0;       ///< of the node, 0 without one
+    ULONG handle_ = 0;
 };
+
+/// Null at the top level.
+inline INode* parentOf(INode& node) {
+    INode* const parent = node.GetParentNode();
+    return parent && !parent->IsRootNode() ? parent : nullptr;
+}
 
 }  // namespace qvo::zmx::adaptor::max
