@@ -112,6 +112,10 @@ class CMAXNode : public core::CoreNode {
     void renameUndoable(const std::string& newName);
     core::CoreNode* cloneUnder(core::CoreNode* parent);
 
+    /// Lends a snapshot of the node's object at `seconds`, or null when the object is of another super class.
+    template <class Kind>
+    Kind* acquireOfClass(SClass_ID superClass, SnapshotPool<Kind>& pool, double seconds);
+
     /// Ends the pools of the other kinds of snapshot, as ~CMAXNode ends that of the transforms.
     void dissolveGeometrySnapshots();
 

@@ -23,6 +23,19 @@ void giveBack(Lent* snapshot) {
 
 }  // namespace
 
+template <class Kind>
+Kind* CMAXNode::acquireOfClass(SClass_ID superClass, SnapshotPool<Kind>& pool, double seconds) {
+    INode* const node = hostNode();
+    Object* const object = node ? node->GetObjectRef() : nullptr;
+    if (!isOfSuperClass(object, superClass)) return nullptr;
+    Kind& snapshot = pool.acquire([&] { return new Kind(*this); });
+    snapshot.object = static_cast<decltype(snapshot.object)>(object);
+    snapshot.node = node_;
+    snapshot.time = seconds;
+    snapshot.ticks = ticksFromSeconds(seconds);
+    return &snapshot;
+}
+
 core::CoreNode::Snapshot_Helper* CMAXNode::acquireHelperSnapshot() {
     return guarded("acquireHelperSnapshot", static_cast<Snapshot_Helper*>(nullptr),
                    [&]() -> Snapshot_Helper* {
@@ -51,31 +64,13 @@ core::CoreNode::Snapshot_Mesh* CMAXNode::acquireMeshSnapshot(double seconds) {
 }
 
 core::CoreNode::Snapshot_Lens* CMAXNode::acquireLensSnapshot(double seconds) {
-    return guarded("acquireLensSnapshot", static_cast<Snapshot_Lens*>(nullptr), [&]() -> Snapshot_Lens* {
-        INode* const node = hostNode();
-        Object* const object = node ? node->GetObjectRef() : nullptr;
-        if (!isOfSuperClass(object, CAMERA_CLASS_ID)) return nullptr;
-        CMAXSnapshot_Lens& snapshot = lensSnapshots_.acquire([&] { return new CMAXSnapshot_Lens(*this); });
-        snapshot.object = static_cast<GenCamera*>(object);
-        snapshot.node = node_;
-        snapshot.time = seconds;
-        snapshot.ticks = ticksFromSeconds(seconds);
-        return &snapshot;
-    });
+    return guarded("acquireLensSnapshot", static_cast<Snapshot_Lens*>(nullptr),
+                   [&] { return acquireOfClass(CAMERA_CLASS_ID, lensSnapshots_, seconds); });
 }
 
 core::CoreNode::Snapshot_Shape* CMAXNode::acquireShapeSnapshot(double seconds) {
-    return guarded("acquireShapeSnapshot", static_cast<Snapshot_Shape*>(nullptr), [&]() -> Snapshot_Shape* {
-        INode* const node = hostNode();
-        Object* const object = node ? node->GetObjectRef() : nullptr;
-        if (!isOfSuperClass(object, SHAPE_CLASS_ID)) return nullptr;
-        CMAXSnapshot_Shape& snapshot = shapeSnapshots_.acquire([&] { return new CMAXSnapshot_Shape(*this); });
-        snapshot.object = static_cast<ShapeObject*>(object);
-        snapshot.node = node_;
-        snapshot.time = seconds;
-        snapshot.ticks = ticksFromSeconds(seconds);
-        return &snapshot;
-    });
+    return guarded("acquireShapeSnapshot", static_cast<Snapshot_Shape*>(nullptr),
+                   [&] { return acquireOfClass(SHAPE_CLASS_ID, shapeSnapshots_, seconds); });
 }
 
 void CMAXNode::releaseHelperSnapshot(Snapshot_Helper* snapshot) {

@@ -38,11 +38,6 @@ DWORD packedColor(float red, float green, float blue) {
     return packedComponent(red) | packedComponent(green) << 8 | packedComponent(blue) << 16;
 }
 
-Object* CMAXNode::CMAXSnapshot_Helper::usableObject() const {
-    INode* const present = node.get();
-    return present && present->GetObjectRef() == object ? object : nullptr;
-}
-
 CustomHelperObject* CMAXNode::CMAXSnapshot_Helper::customHelper() const {
     Object* const present = usableObject();
     return present && present->SuperClassID() == HELPER_CLASS_ID && present->ClassID() == kHelperClassId

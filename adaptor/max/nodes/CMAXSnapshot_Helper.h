@@ -24,7 +24,7 @@ class CMAXNode::CMAXSnapshot_Helper : public core::CoreNode::Snapshot_Helper {
 
   private:
     /// The object, or null when it is not the node's any more.
-    Object* usableObject() const;
+    Object* usableObject() const { return node.ifStillItsObject(object); }
 
     /// The object if it is the plug-in's own helper, else null.
     CustomHelperObject* customHelper() const;

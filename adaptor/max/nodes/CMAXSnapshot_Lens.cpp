@@ -10,11 +10,6 @@ constexpr double kDegreesPerRadian = 57.29577951308232;
 
 }  // namespace
 
-GenCamera* CMAXNode::CMAXSnapshot_Lens::usableObject() const {
-    INode* const present = node.get();
-    return present && present->GetObjectRef() == object ? object : nullptr;
-}
-
 void CMAXNode::CMAXSnapshot_Lens::setFieldOfView(double degrees) {
     guarded("setFieldOfView", [&] {
         if (GenCamera* const camera = usableObject())

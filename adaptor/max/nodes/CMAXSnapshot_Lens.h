@@ -27,7 +27,7 @@ class CMAXNode::CMAXSnapshot_Lens : public core::CoreNode::Snapshot_Lens {
 
   private:
     /// The object, or null when it is not the node's any more.
-    GenCamera* usableObject() const;
+    GenCamera* usableObject() const { return node.ifStillItsObject(object); }
 };
 
 }  // namespace qvo::zmx::adaptor::max

@@ -16,11 +16,6 @@ constexpr double kTangentStep = 0.00001;
 
 }  // namespace
 
-ShapeObject* CMAXNode::CMAXSnapshot_Shape::usableObject() const {
-    INode* const present = node.get();
-    return present && present->GetObjectRef() == object ? object : nullptr;
-}
-
 int CMAXNode::CMAXSnapshot_Shape::numberOfCurves() {
     return guarded("numberOfCurves", 0, [&] {
         ShapeObject* const shape = usableObject();

@@ -28,7 +28,7 @@ class CMAXNode::CMAXSnapshot_Shape : public core::CoreNode::Snapshot_Shape {
 
   private:
     /// The object, or null when it is not the node's any more.
-    ShapeObject* usableObject() const;
+    ShapeObject* usableObject() const { return node.ifStillItsObject(object); }
 
     /// The selected curve, or the last one when there are fewer by now; -1 when there is none.
     int usableCurve(ShapeObject& shape) const { return std::min(curve, shape.NumberOfCurves() - 1); }

@@ -15,6 +15,13 @@ class HostNodeRef {
         return node_ && GetCOREInterface()->GetINodeByHandle(handle_) == node_ ? node_ : nullptr;
     }
 
+    /// `object` while the node refers to it, else null.
+    template <class T>
+    T* ifStillItsObject(T* object) const {
+        INode* const present = get();
+        return present && present->GetObjectRef() == object ? object : nullptr;
+    }
+
     /// 0 without a node; stays when the node dies.
     ULONG handle() const { return handle_; }
 
