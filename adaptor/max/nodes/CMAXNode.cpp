@@ -6,6 +6,10 @@
 
 #include "adaptor/max/controllers/Conversion.h"
 #include "adaptor/max/nodes/CMAXSnapshot.h"
+#include "adaptor/max/nodes/CMAXSnapshot_Helper.h"
+#include "adaptor/max/nodes/CMAXSnapshot_Lens.h"
+#include "adaptor/max/nodes/CMAXSnapshot_Mesh.h"
+#include "adaptor/max/nodes/CMAXSnapshot_Shape.h"
 #include "adaptor/max/nodes/HostTime.h"
 #include "adaptor/max/nodes/NodeInstanceRestoreObj.h"
 #include "adaptor/max/services/Boundary.h"
@@ -22,6 +26,13 @@ namespace {
 
 NodeRegistry& registry() {
     return MaxAdaptorInterface::instance().nodes();
+}
+
+/// The wrapper of a snapshot that is still lent goes.
+template <class Lent>
+void leaveLent(Lent& lent, const char* kind) {
+    lent.wrapper = nullptr;
+    logLine(Log::kError, "Encountered still acquired ", kind);
 }
 
 }  // namespace
@@ -67,10 +78,13 @@ CMAXNode::~CMAXNode() {
     });
     guarded("~CMAXNode", [&] {
         snapshots_.dissolve([](CMAXSnapshot& lent) {
-            lent.wrapper = lent.current = nullptr;
-            logLine(Log::kError, "Encountered still acquired snapshot");
+            lent.current = nullptr;
+            leaveLent(lent, "snapshot");
         });
-        dissolveGeometrySnapshots();
+        helperSnapshots_.dissolve([](auto& lent) { leaveLent(lent, "helper snapshot"); });
+        meshSnapshots_.dissolve([](auto& lent) { leaveLent(lent, "mesh snapshot"); });
+        lensSnapshots_.dissolve([](auto& lent) { leaveLent(lent, "lens snapshot"); });
+        shapeSnapshots_.dissolve([](auto& lent) { leaveLent(lent, "shape snapshot"); });
     });
 }
 
@@ -193,7 +207,7 @@ void CMAXNode::getAnnotations(util::ReturnValue<std::vector<std::string>>& resul
 core::CoreNode::Snapshot* CMAXNode::acquireSnapshot(double seconds) {
     return guarded("acquireSnapshot", static_cast<Snapshot*>(nullptr), [&]() -> Snapshot* {
         if (!hostNode()) return nullptr;
-        CMAXSnapshot& snapshot = snapshots_.acquire([&] { return new CMAXSnapshot(*this); });
+        CMAXSnapshot& snapshot = snapshots_.acquire(*this);
         snapshot.current = this;
         snapshot.node = node_;
         snapshot.time = seconds;

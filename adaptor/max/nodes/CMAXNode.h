@@ -116,9 +116,6 @@ class CMAXNode : public core::CoreNode {
     template <class Kind>
     Kind* acquireOfClass(SClass_ID superClass, SnapshotPool<Kind>& pool, double seconds);
 
-    /// Ends the pools of the other kinds of snapshot, as ~CMAXNode ends that of the transforms.
-    void dissolveGeometrySnapshots();
-
     /// The host's part of a deletion: the node itself, or only its hold by our controllers. True when the
     /// node was deleted.
     bool deleteHostSide(bool deleteHostNode);

@@ -5,7 +5,6 @@
 #include "adaptor/max/nodes/CMAXSnapshot_Shape.h"
 #include "adaptor/max/nodes/HostTime.h"
 #include "adaptor/max/services/Boundary.h"
-#include "util/Log.h"
 
 /// Snapshots of what a node shows: helper, mesh, lens, shape.
 namespace qvo::zmx::adaptor::max {
@@ -28,7 +27,7 @@ Kind* CMAXNode::acquireOfClass(SClass_ID superClass, SnapshotPool<Kind>& pool, d
     INode* const node = hostNode();
     Object* const object = node ? node->GetObjectRef() : nullptr;
     if (!isOfSuperClass(object, superClass)) return nullptr;
-    Kind& snapshot = pool.acquire([&] { return new Kind(*this); });
+    Kind& snapshot = pool.acquire(*this);
     snapshot.object = static_cast<decltype(snapshot.object)>(object);
     snapshot.node = node_;
     snapshot.time = seconds;
@@ -42,8 +41,7 @@ core::CoreNode::Snapshot_Helper* CMAXNode::acquireHelperSnapshot() {
                        INode* const node = hostNode();
                        Object* const object = node ? node->GetObjectRef() : nullptr;
                        if (!node || isOfSuperClass(object, CAMERA_CLASS_ID)) return nullptr;
-                       CMAXSnapshot_Helper& snapshot =
-                           helperSnapshots_.acquire([&] { return new CMAXSnapshot_Helper(*this); });
+                       CMAXSnapshot_Helper& snapshot = helperSnapshots_.acquire(*this);
                        snapshot.object = object;
                        snapshot.node = node_;
                        return &snapshot;
@@ -55,7 +53,7 @@ core::CoreNode::Snapshot_Mesh* CMAXNode::acquireMeshSnapshot(double seconds) {
         INode* const node = hostNode();
         Object* const object = node ? node->GetObjectRef() : nullptr;
         if (!node || isOfSuperClass(object, CAMERA_CLASS_ID)) return nullptr;
-        CMAXSnapshot_Mesh& snapshot = meshSnapshots_.acquire([&] { return new CMAXSnapshot_Mesh(*this); });
+        CMAXSnapshot_Mesh& snapshot = meshSnapshots_.acquire(*this);
         snapshot.acquired = false;  // lent only once it is evaluated
         snapshot.evaluate(*node, ticksFromSeconds(seconds));
         snapshot.acquired = true;
@@ -84,25 +82,6 @@ void CMAXNode::releaseLensSnapshot(Snapshot_Lens* snapshot) {
 }
 void CMAXNode::releaseShapeSnapshot(Snapshot_Shape* snapshot) {
     giveBack<CMAXSnapshot_Shape>(snapshot);
-}
-
-void CMAXNode::dissolveGeometrySnapshots() {
-    helperSnapshots_.dissolve([](CMAXSnapshot_Helper& lent) {
-        lent.wrapper = nullptr;
-        util::logLine(util::Log::kError, "Encountered still acquired helper snapshot");
-    });
-    meshSnapshots_.dissolve([](CMAXSnapshot_Mesh& lent) {
-        lent.wrapper = nullptr;
-        util::logLine(util::Log::kError, "Encountered still acquired mesh snapshot");
-    });
-    lensSnapshots_.dissolve([](CMAXSnapshot_Lens& lent) {
-        lent.wrapper = nullptr;
-        util::logLine(util::Log::kError, "Encountered still acquired lens snapshot");
-    });
-    shapeSnapshots_.dissolve([](CMAXSnapshot_Shape& lent) {
-        lent.wrapper = nullptr;
-        util::logLine(util::Log::kError, "Encountered still acquired shape snapshot");
-    });
 }
 
 }  // namespace qvo::zmx::adaptor::max
