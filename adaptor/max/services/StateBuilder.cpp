@@ -1,8 +1,6 @@
 #include "adaptor/max/services/StateBuilder.h"
 
 #include <algorithm>
-#include <utility>
-#include <vector>
 
 namespace qvo::zmx::adaptor::max {
 
@@ -26,26 +24,27 @@ std::vector<StateBuilder*> StateBuilder::childrenInOrder() const {
     return ordered;
 }
 
-void StateBuilder::render(Element& out) const {
-    out = element;
-    std::vector<Rendered> pending{{this, &out}};
-    while (!pending.empty()) {
-        const Rendered parent = pending.back();
-        pending.pop_back();
-        for (const StateBuilder* const child : parent.builder->childrenInOrder())
-            pending.push_back({child, &parent.place->addChild(child->element)});
-    }
-}
-
-Element StateBuilder::renderAndEmpty() {
-    Element out = std::move(element);
+template <class Append>
+void StateBuilder::appendChildren(Element& out, Append append) const {
     std::vector<Rendered> pending{{this, &out}};
     while (!pending.empty()) {
         const Rendered parent = pending.back();
         pending.pop_back();
         for (StateBuilder* const child : parent.builder->childrenInOrder())
-            pending.push_back({child, &parent.place->adoptChild(std::move(child->element))});
+            pending.push_back({child, &append(*parent.place, child->element)});
     }
+}
+
+void StateBuilder::render(Element& out) const {
+    out = element;
+    appendChildren(out,
+                   [](Element& place, const Element& state) -> Element& { return place.addChild(state); });
+}
+
+Element StateBuilder::renderAndEmpty() {
+    Element out = std::move(element);
+    appendChildren(
+        out, [](Element& place, Element& state) -> Element& { return place.adoptChild(std::move(state)); });
     return out;
 }
 

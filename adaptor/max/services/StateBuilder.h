@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <utility>
+#include <vector>
 
 #include "util/Composite_Dynamic.h"
 #include "util/xml/Element.h"
@@ -28,6 +30,10 @@ class StateBuilder : public util::Composite_Dynamic<StateBuilder> {
 
   private:
     std::vector<StateBuilder*> childrenInOrder() const;
+
+    /// Puts the descendants' states below `out`; `append(place, state)` puts one there and returns it.
+    template <class Append>
+    void appendChildren(util::xml::Element& out, Append append) const;
 };
 
 }  // namespace qvo::zmx::adaptor::max
