@@ -4,8 +4,7 @@
 
 #include "adaptor/max/controllers/AnimateScope.h"
 #include "adaptor/max/controllers/KeyValue.h"
-#include "adaptor/max/controllers/ScalarControl.h"
-#include "adaptor/max/controllers/TransformControl.h"
+#include "adaptor/max/controllers/OwnControl.h"
 #include "adaptor/max/plugin/ClassIds.h"
 #include "adaptor/max/services/Boundary.h"
 #include "adaptor/max/services/HoldScope.h"
@@ -95,18 +94,6 @@ void convertAll(void (*convert)(Controller&)) {
     });
 }
 
-/// `animatable` as a controller of ours; null when it is something else.
-template <typename Controller>
-Controller* ownControl(Animatable* animatable, SClass_ID superClassId, const Class_ID& classId) {
-    if (!animatable || animatable->SuperClassID() != superClassId || !(animatable->ClassID() == classId))
-        return nullptr;
-    return dynamic_cast<Controller*>(animatable);
-}
-
-TransformControl* ownTransformControl(Control* control) {
-    return ownControl<TransformControl>(control, CTRL_MATRIX3_CLASS_ID, kTransformControlClassId);
-}
-
 bool isModified(Object& object) {
     return object.SuperClassID() == DERIVOB_CLASS_ID || object.SuperClassID() == WSM_DERIVOB_CLASS_ID;
 }
@@ -144,9 +131,7 @@ Object* baseObject(INode& node) {
 
 void convertScalarsIn(Animatable& group) {
     for (int i = 0; i < group.NumSubs(); ++i)
-        if (auto* const scalar =
-                ownControl<ScalarControl>(group.SubAnim(i), CTRL_FLOAT_CLASS_ID, kScalarControlClassId))
-            convertToScalar(*scalar);
+        if (ScalarControl* const scalar = ownScalarControl(group.SubAnim(i))) convertToScalar(*scalar);
 }
 
 }  // namespace

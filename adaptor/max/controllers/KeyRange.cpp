@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-#include "adaptor/max/controllers/BaseControl.h"
-#include "adaptor/max/plugin/ClassIds.h"
+#include "adaptor/max/controllers/OwnControl.h"
 
 namespace qvo::zmx::adaptor::max {
 namespace {
@@ -16,18 +15,9 @@ Range tableRange(const KeyTable<T>& keys) {
     return Interval(keys.first().time, keys.last().time);
 }
 
-/// `source` as a controller of ours, else null. The ids are asked first: an object of the host's may lack
-/// what a dynamic cast needs.
-template <typename T>
-BaseControl<T>* asOwn(Animatable& source, SClass_ID superClassId, const Class_ID& classId) {
-    const bool isOwn = source.SuperClassID() == superClassId && source.ClassID() == classId;
-    return isOwn ? dynamic_cast<BaseControl<T>*>(&source) : nullptr;
-}
-
 Range ownRange(Animatable& source) {
-    if (const auto* const scalar = asOwn<float>(source, CTRL_FLOAT_CLASS_ID, kScalarControlClassId))
-        return tableRange(scalar->keys());
-    if (const auto* const transform = asOwn<Matrix3>(source, CTRL_MATRIX3_CLASS_ID, kTransformControlClassId))
+    if (const ScalarControl* const scalar = ownScalarControl(&source)) return tableRange(scalar->keys());
+    if (const TransformControl* const transform = ownTransformControl(&source))
         return tableRange(transform->keys());
     const int count = source.NumKeys();
     if (count <= 0) return std::nullopt;
