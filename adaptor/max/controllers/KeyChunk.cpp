@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "adaptor/max/ChunkIo.h"
 #include "adaptor/max/controllers/KeyValue.h"
 
 namespace qvo::zmx::adaptor::max {
@@ -12,14 +13,12 @@ constexpr std::uint32_t kKeyVersion = 100;
 
 template <typename Record>
 bool write(ISave& isave, const Record& record) {
-    ULONG written = 0;
-    return isave.Write(&record, sizeof(record), &written) == IO_OK && written == sizeof(record);
+    return writeBytes(isave, &record, sizeof(record)) == IO_OK;
 }
 
 template <typename Record>
 bool read(ILoad& iload, Record& record) {
-    ULONG count = 0;
-    return iload.Read(&record, sizeof(record), &count) == IO_OK && count == sizeof(record);
+    return readBytes(iload, &record, sizeof(record)) == IO_OK;
 }
 
 template <typename T>
@@ -53,9 +52,9 @@ void readAll(ILoad& iload, KeyTable<T>& keys, ZorvaKey<T>& current) {
 
 template <typename T>
 IOResult saveKeys(ISave& isave, const KeyTable<T>& keys, const ZorvaKey<T>& current) {
-    if (isave.BeginChunk(kKeyChunk) != IO_OK) return IO_ERROR;
-    const bool whole = writeAll(isave, keys, current);
-    return isave.EndChunk() == IO_OK && whole ? IO_OK : IO_ERROR;
+    const IOResult result =
+        writeChunk(isave, kKeyChunk, [&] { return writeAll(isave, keys, current) ? IO_OK : IO_ERROR; });
+    return result == IO_OK ? IO_OK : IO_ERROR;
 }
 
 template <typename T>

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 #include <memory>
 
+#include "adaptor/max/ChunkIo.h"
 #include "adaptor/max/plugin/ClassIds.h"
 #include "adaptor/max/services/Boundary.h"
 #include "util/Log.h"
@@ -29,35 +29,18 @@ constexpr std::size_t kColorBytes = 12;
 static_assert(sizeof(util::Point3d) == kVertexBytes, "vertices are stored as they lie in memory");
 static_assert(sizeof(int[3]) == kFaceBytes, "triangles are stored as they lie in memory");
 
-IOResult writeBytes(ISave& save, const void* bytes, std::size_t size) {
-    if (size == 0) return IO_OK;
-    if (size > std::numeric_limits<ULONG>::max()) return IO_ERROR;
-    ULONG written = 0;
-    const IOResult result = save.Write(bytes, static_cast<ULONG>(size), &written);
-    return result == IO_OK && written != size ? IO_ERROR : result;
-}
-
-/// One chunk of two pieces of bytes; the chunk is ended whatever comes of them.
-IOResult writeChunk(ISave& save, USHORT id, const void* head, std::size_t headSize, const void* body,
-                    std::size_t bodySize) {
-    const IOResult begun = save.BeginChunk(id);
-    if (begun != IO_OK) return begun;
-    IOResult written = writeBytes(save, head, headSize);
-    if (written == IO_OK) written = writeBytes(save, body, bodySize);
-    const IOResult ended = save.EndChunk();
-    return written != IO_OK ? written : ended;
+/// One chunk of two pieces of bytes.
+IOResult writePieces(ISave& save, USHORT id, const void* head, std::size_t headSize, const void* body,
+                     std::size_t bodySize) {
+    return writeChunk(save, id, [&] {
+        const IOResult written = writeBytes(save, head, headSize);
+        return written == IO_OK ? writeBytes(save, body, bodySize) : written;
+    });
 }
 
 IOResult writeList(ISave& save, USHORT id, std::size_t count, const void* items, std::size_t itemBytes) {
     const std::uint32_t storedCount = static_cast<std::uint32_t>(count);
-    return writeChunk(save, id, &storedCount, sizeof storedCount, items, count * itemBytes);
-}
-
-IOResult readBytes(ILoad& load, void* bytes, std::size_t size) {
-    if (size == 0) return IO_OK;
-    ULONG got = 0;
-    const IOResult result = load.Read(bytes, static_cast<ULONG>(size), &got);
-    return result == IO_OK && got != size ? IO_ERROR : result;
+    return writePieces(save, id, &storedCount, sizeof storedCount, items, count * itemBytes);
 }
 
 /// Reads a list's count, which is never trusted: what the chunk cannot hold is cut.
@@ -141,7 +124,8 @@ IOResult CustomHelperObject::Save(ISave* isave) {
         writeList(*isave, kVertexChunk, shape_.vertices.size(), shape_.vertices.data(), kVertexBytes);
     if (result == IO_OK) result = writeList(*isave, kFaceChunk, faces, shape_.faces.data(), kFaceBytes);
     if (result == IO_OK)
-        result = writeChunk(*isave, kLookChunk, color_.data(), kColorBytes, switches.data(), switches.size());
+        result =
+            writePieces(*isave, kLookChunk, color_.data(), kColorBytes, switches.data(), switches.size());
     if (result != IO_OK) util::logLine(Log::kError, "Unable to write a helper object into the scene");
     return result;
 }

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "adaptor/max/ChunkIo.h"
 #include "adaptor/max/plugin/ClassIds.h"
 #include "adaptor/max/plugin/OlderSceneState.h"
 #include "adaptor/max/plugin/UtilityManager.h"
@@ -21,15 +22,6 @@ constexpr char kRootName[] = "ZMK";
 
 void handOver(UtilityManager& manager, Element& state) {
     if (manager.core) guarded("loadState", [&] { manager.core->loadState(state); });
-}
-
-/// Writes `text` as the state chunk.
-IOResult writeText(ISave& save, const std::string& text) {
-    const IOResult begun = save.BeginChunk(kStateChunk);
-    if (begun != IO_OK) return begun;
-    const IOResult written = save.WriteCString(text.c_str());
-    const IOResult ended = save.EndChunk();
-    return written != IO_OK ? written : ended;
 }
 
 /// The text of the open chunk, copied out of the host's buffer.
@@ -81,7 +73,8 @@ IOResult saveSceneState(UtilityManager& manager, ISave& save) {
     // A tag without a name could not be read back.
     if (state.value.empty()) state.setValue(kRootName);
 
-    const IOResult result = writeText(save, state.toString("\n"));
+    const std::string text = state.toString("\n");
+    const IOResult result = writeChunk(save, kStateChunk, [&] { return save.WriteCString(text.c_str()); });
     if (result != IO_OK) util::logLine(Log::kError, "Unable to write the state into the scene");
     return result;
 }
