@@ -285,7 +285,7 @@ IOResult BaseControl<T>::Load(ILoad* iload) {
 
 template <typename T>
 RefTargetHandle BaseControl<T>::Clone(RemapDir& remap) {
-    return guarded("Clone", static_cast<RefTargetHandle>(nullptr), [&]() -> RefTargetHandle {
+    return guarded<RefTargetHandle>("Clone", nullptr, [&]() -> RefTargetHandle {
         const auto discard = [](Control* instance) { instance->DeleteThis(); };
         std::unique_ptr<Control, decltype(discard)> instance(
             static_cast<Control*>(GetCOREInterface()->CreateInstance(superClassId_, classId_)), discard);

@@ -124,7 +124,7 @@ void CMAXNode::takeOut(CMAXNode& wrapper) {
 }
 
 core::CoreNode* CMAXNode::claim(core::Owner* newOwner, std::string newName) {
-    return guarded("claim", static_cast<core::CoreNode*>(nullptr), [&]() -> core::CoreNode* {
+    return guarded<core::CoreNode*>("claim", nullptr, [&]() -> core::CoreNode* {
         INode* const node = hostNode();
         if (!removed_ || !node || registry().findByHandle(handle())) return nullptr;
         return new CMAXNode(newOwner, std::move(newName), nullptr, node);  // the registry's from here on
@@ -205,7 +205,7 @@ void CMAXNode::getAnnotations(util::ReturnValue<std::vector<std::string>>& resul
 // Snapshots
 
 core::CoreNode::Snapshot* CMAXNode::acquireSnapshot(double seconds) {
-    return guarded("acquireSnapshot", static_cast<Snapshot*>(nullptr), [&]() -> Snapshot* {
+    return guarded<Snapshot*>("acquireSnapshot", nullptr, [&]() -> Snapshot* {
         if (!hostNode()) return nullptr;
         CMAXSnapshot& snapshot = snapshots_.acquire(*this);
         snapshot.current = this;

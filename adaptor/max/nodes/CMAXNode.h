@@ -41,6 +41,10 @@ class CMAXNode : public core::CoreNode {
     CMAXNode(const CMAXNode&) = delete;
     CMAXNode& operator=(const CMAXNode&) = delete;
 
+    /// The wrapper behind a node that crossed the boundary, null for null: every node the core holds came
+    /// from this adaptor.
+    static CMAXNode* of(core::CoreNode* node) { return static_cast<CMAXNode*>(node); }
+
     /// The host node, or null when there is none or the host does not know it any more.
     INode* hostNode() const { return node_.get(); }
 

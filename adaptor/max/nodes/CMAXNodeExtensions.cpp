@@ -27,7 +27,7 @@ std::vector<unsigned int> CMAXNode::getExtensions() {
 }
 
 std::intptr_t CMAXNode::extension(int id, void* argument) {
-    return guarded("extension", std::intptr_t(0), [&]() -> std::intptr_t {
+    return guarded<std::intptr_t>("extension", 0, [&]() -> std::intptr_t {
         switch (id) {
             case kOpenSelectionBatch:
                 return SelectionBatch::open() ? 1 : 0;
@@ -67,7 +67,7 @@ void CMAXNode::renameUndoable(const std::string& newName) {
 }
 
 core::CoreNode* CMAXNode::cloneUnder(core::CoreNode* parent) {
-    INode* const parentNode = parent ? static_cast<CMAXNode*>(parent)->hostNode() : nullptr;
+    INode* const parentNode = parent ? of(parent)->hostNode() : nullptr;
     INode* const copy = cloneHostNode(true);
     if (!copy) return nullptr;
     if (parentNode) parentNode->AttachChild(copy, FALSE);

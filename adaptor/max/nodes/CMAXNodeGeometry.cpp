@@ -36,20 +36,19 @@ Kind* CMAXNode::acquireOfClass(SClass_ID superClass, SnapshotPool<Kind>& pool, d
 }
 
 core::CoreNode::Snapshot_Helper* CMAXNode::acquireHelperSnapshot() {
-    return guarded("acquireHelperSnapshot", static_cast<Snapshot_Helper*>(nullptr),
-                   [&]() -> Snapshot_Helper* {
-                       INode* const node = hostNode();
-                       Object* const object = node ? node->GetObjectRef() : nullptr;
-                       if (!node || isOfSuperClass(object, CAMERA_CLASS_ID)) return nullptr;
-                       CMAXSnapshot_Helper& snapshot = helperSnapshots_.acquire(*this);
-                       snapshot.object = object;
-                       snapshot.node = node_;
-                       return &snapshot;
-                   });
+    return guarded<Snapshot_Helper*>("acquireHelperSnapshot", nullptr, [&]() -> Snapshot_Helper* {
+        INode* const node = hostNode();
+        Object* const object = node ? node->GetObjectRef() : nullptr;
+        if (!node || isOfSuperClass(object, CAMERA_CLASS_ID)) return nullptr;
+        CMAXSnapshot_Helper& snapshot = helperSnapshots_.acquire(*this);
+        snapshot.object = object;
+        snapshot.node = node_;
+        return &snapshot;
+    });
 }
 
 core::CoreNode::Snapshot_Mesh* CMAXNode::acquireMeshSnapshot(double seconds) {
-    return guarded("acquireMeshSnapshot", static_cast<Snapshot_Mesh*>(nullptr), [&]() -> Snapshot_Mesh* {
+    return guarded<Snapshot_Mesh*>("acquireMeshSnapshot", nullptr, [&]() -> Snapshot_Mesh* {
         INode* const node = hostNode();
         Object* const object = node ? node->GetObjectRef() : nullptr;
         if (!node || isOfSuperClass(object, CAMERA_CLASS_ID)) return nullptr;
@@ -62,13 +61,13 @@ core::CoreNode::Snapshot_Mesh* CMAXNode::acquireMeshSnapshot(double seconds) {
 }
 
 core::CoreNode::Snapshot_Lens* CMAXNode::acquireLensSnapshot(double seconds) {
-    return guarded("acquireLensSnapshot", static_cast<Snapshot_Lens*>(nullptr),
-                   [&] { return acquireOfClass(CAMERA_CLASS_ID, lensSnapshots_, seconds); });
+    return guarded<Snapshot_Lens*>("acquireLensSnapshot", nullptr,
+                                   [&] { return acquireOfClass(CAMERA_CLASS_ID, lensSnapshots_, seconds); });
 }
 
 core::CoreNode::Snapshot_Shape* CMAXNode::acquireShapeSnapshot(double seconds) {
-    return guarded("acquireShapeSnapshot", static_cast<Snapshot_Shape*>(nullptr),
-                   [&] { return acquireOfClass(SHAPE_CLASS_ID, shapeSnapshots_, seconds); });
+    return guarded<Snapshot_Shape*>("acquireShapeSnapshot", nullptr,
+                                    [&] { return acquireOfClass(SHAPE_CLASS_ID, shapeSnapshots_, seconds); });
 }
 
 void CMAXNode::releaseHelperSnapshot(Snapshot_Helper* snapshot) {

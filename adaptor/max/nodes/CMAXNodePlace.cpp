@@ -11,15 +11,6 @@ using util::Log;
 using util::logLine;
 using util::logValue;
 
-namespace {
-
-/// The wrapper behind a node that crossed the boundary: every node the core holds came from this adaptor.
-CMAXNode* wrapperOf(core::CoreNode* node) {
-    return static_cast<CMAXNode*>(node);
-}
-
-}  // namespace
-
 // Visibility and selection
 
 void CMAXNode::show() {
@@ -57,7 +48,7 @@ void CMAXNode::select() {
 // Hierarchy
 
 core::CoreNode* CMAXNode::getParent() {
-    return guarded("getParent", static_cast<core::CoreNode*>(nullptr), [&]() -> core::CoreNode* {
+    return guarded<core::CoreNode*>("getParent", nullptr, [&] {
         INode* const node = hostNode();
         INode* const parent = node ? parentOf(*node) : nullptr;
         return parent ? new CMAXNode(this, parent) : nullptr;  // the core's
@@ -72,7 +63,7 @@ int CMAXNode::numberOfChildren() {
 }
 
 core::CoreNode* CMAXNode::getChild(int index) {
-    return guarded("getChild", static_cast<core::CoreNode*>(nullptr), [&]() -> core::CoreNode* {
+    return guarded<core::CoreNode*>("getChild", nullptr, [&]() -> core::CoreNode* {
         INode* const node = hostNode();
         if (!node || index < 0 || index >= node->NumberOfChildren()) return nullptr;
         INode* const child = node->GetChildNode(index);
@@ -90,7 +81,7 @@ int CMAXNode::setParent(core::CoreNode* newParent) {
         }
         Log section("Setting parent for " + getName(), Log::kNotice);
         logValue(section, Log::kNotice, "new parent", newParent->getName());
-        INode* const parentNode = wrapperOf(newParent)->hostNode();
+        INode* const parentNode = of(newParent)->hostNode();
         if (!parentNode) {
             logLine(section, Log::kNotice, "Invalid parent node");
             return 0;
@@ -105,7 +96,7 @@ int CMAXNode::setParent(core::CoreNode* newParent) {
 bool CMAXNode::isSameNode(core::CoreNode* other) {
     return guarded("isSameNode", false, [&] {
         const INode* const node = hostNode();
-        return node && other && wrapperOf(other)->hostNode() == node;
+        return node && other && of(other)->hostNode() == node;
     });
 }
 
@@ -122,7 +113,7 @@ INode* CMAXNode::cloneHostNode(bool expandHierarchy) {
 }
 
 core::CoreNode* CMAXNode::cloneNode(bool expandHierarchy) {
-    return guarded("cloneNode", static_cast<core::CoreNode*>(nullptr), [&]() -> core::CoreNode* {
+    return guarded<core::CoreNode*>("cloneNode", nullptr, [&] {
         INode* const copy = cloneHostNode(expandHierarchy);
         return copy ? new CMAXNode(this, copy) : nullptr;  // the core's
     });

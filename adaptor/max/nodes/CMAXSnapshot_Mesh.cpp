@@ -15,8 +15,7 @@ ConvertedObjects& sharedObjects() {
 }
 
 Point3 hostPoint(const double* components) {
-    return Point3(static_cast<float>(components[0]), static_cast<float>(components[1]),
-                  static_cast<float>(components[2]));
+    return narrowed(util::Point3d{components[0], components[1], components[2]});
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "adaptor/max/nodes/CustomHelperObject.h"
+#include "adaptor/max/nodes/MeshTransfer.h"
 #include "adaptor/max/services/Boundary.h"
 
 namespace qvo::zmx::adaptor::max {
@@ -28,11 +29,8 @@ void CustomHelperObject::rebuildDisplayMesh() {
     displayMesh_.setNumVerts(static_cast<int>(shape_.vertices.size()), FALSE, TRUE);
     // Without a vertex there is no index that a triangle could name.
     displayMesh_.setNumFaces(shape_.vertices.empty() ? 0 : shape_.faceCount(), FALSE, TRUE);
-    for (int i = 0; i < displayMesh_.getNumVerts(); ++i) {
-        const util::Point3d& vertex = shape_.vertices[static_cast<std::size_t>(i)];
-        displayMesh_.setVert(i, Point3(static_cast<float>(vertex.x), static_cast<float>(vertex.y),
-                                       static_cast<float>(vertex.z)));
-    }
+    for (int i = 0; i < displayMesh_.getNumVerts(); ++i)
+        displayMesh_.setVert(i, narrowed(shape_.vertices[static_cast<std::size_t>(i)]));
     fillDisplayFaces();
     displayMesh_.InvalidateGeomCache();
     displayMesh_.InvalidateTopologyCache();

@@ -103,7 +103,7 @@ RefResult CustomHelperObject::NotifyRefChanged(Interval /*changeInt*/, RefTarget
 }
 
 RefTargetHandle CustomHelperObject::Clone(RemapDir& remap) {
-    return guarded("Clone", static_cast<RefTargetHandle>(nullptr), [&]() -> RefTargetHandle {
+    return guarded<RefTargetHandle>("Clone", nullptr, [&]() -> RefTargetHandle {
         const auto discard = [](CustomHelperObject* copy) { copy->DeleteThis(); };
         std::unique_ptr<CustomHelperObject, decltype(discard)> copy(new CustomHelperObject, discard);
         copy->shape_ = shape_;

@@ -7,10 +7,6 @@ using util::Point3d;
 
 namespace {
 
-Point3 narrowed(const Point3d& point) {
-    return Point3(static_cast<float>(point.x), static_cast<float>(point.y), static_cast<float>(point.z));
-}
-
 Point3d widened(const Point3& point) {
     return {point.x, point.y, point.z};
 }

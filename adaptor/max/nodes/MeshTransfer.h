@@ -7,6 +7,10 @@
 /// no axis change, no unit factor, no winding change; doubles and floats are converted.
 namespace qvo::zmx::adaptor::max {
 
+inline Point3 narrowed(const util::Point3d& point) {
+    return Point3(static_cast<float>(point.x), static_cast<float>(point.y), static_cast<float>(point.z));
+}
+
 /// The host mesh as a record. Texture faces are zero when the mesh has no texture vertices.
 util::CMesh meshFromHost(const Mesh& mesh);
 

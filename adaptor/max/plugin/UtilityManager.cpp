@@ -41,7 +41,7 @@ UtilityManager& UtilityManager::instance() {
 }
 
 DWORD UtilityManager::Start() {
-    return guarded("Start", DWORD{GUPRESULT_NOKEEP}, [&] { return startUp(); });
+    return guarded<DWORD>("Start", GUPRESULT_NOKEEP, [&] { return startUp(); });
 }
 
 DWORD UtilityManager::startUp() {

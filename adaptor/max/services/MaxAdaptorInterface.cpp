@@ -19,8 +19,6 @@ using util::logLine;
 
 namespace {
 
-constexpr CoreNode* kNoNode = nullptr;
-
 struct Releaser {
     void operator()(CUndo* record) const {
         guarded("CUndo::release", [&] { record->release(); });
@@ -29,10 +27,6 @@ struct Releaser {
 
 /// An undo record on its way into the host's hold: released when it does not get there.
 using PendingRecord = std::unique_ptr<CUndo, Releaser>;
-
-CMAXNode* wrapperOf(CoreNode* node) {
-    return static_cast<CMAXNode*>(node);
-}
 
 }  // namespace
 
@@ -91,13 +85,13 @@ int MaxAdaptorInterface::getConfigurationPath(util::ReturnValue<std::string>& pa
 
 CoreNode* MaxAdaptorInterface::createHelperNode(core::Owner* owner, const std::string& name, CoreNode* parent,
                                                 NodeListener* listener) {
-    return guarded("createHelperNode", kNoNode, [&]() -> CoreNode* {
-        return createHelper({owner, name, wrapperOf(parent), listener});
+    return guarded<CoreNode*>("createHelperNode", nullptr, [&] {
+        return createHelper({owner, name, CMAXNode::of(parent), listener});
     });
 }
 
 CoreNode* MaxAdaptorInterface::findNode(core::Owner* owner, const std::string& name) {
-    return guarded("findNode", kNoNode, [&]() -> CoreNode* {
+    return guarded<CoreNode*>("findNode", nullptr, [&]() -> CoreNode* {
         const auto& all = nodes_.inOrder();
         const auto found = std::find_if(all.begin(), all.end(), [&](CMAXNode* wrapper) {
             return wrapper->owner == owner && wrapper->getName() == name;

@@ -28,8 +28,8 @@ void deliver(std::vector<std::unique_ptr<CMAXNode>> views, core::AdaptorInterfac
 core::CoreNode* MaxAdaptorInterface::createMeshNode(core::Owner* owner, const std::string& name,
                                                     core::CoreNode* parent, const util::CMesh& mesh,
                                                     NodeListener* listener) {
-    return guarded("createMeshNode", static_cast<core::CoreNode*>(nullptr), [&]() -> core::CoreNode* {
-        return createMesh({owner, name, static_cast<CMAXNode*>(parent), listener}, mesh);
+    return guarded<core::CoreNode*>("createMeshNode", nullptr, [&] {
+        return createMesh({owner, name, CMAXNode::of(parent), listener}, mesh);
     });
 }
 
