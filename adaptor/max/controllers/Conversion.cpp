@@ -129,6 +129,12 @@ Object* baseObject(INode& node) {
     return object;
 }
 
+void convertToScalar(ScalarControl& controller) {
+    const Class_ID linear(LININTERP_FLOAT_CLASS_ID, 0);
+    replaceControl(controller, "Convert to Scalar controller", linear,
+                   [&](Control& replacement) { bakeScalar(controller, replacement); });
+}
+
 void convertScalarsIn(Animatable& group) {
     for (int i = 0; i < group.NumSubs(); ++i)
         if (ScalarControl* const scalar = ownScalarControl(group.SubAnim(i))) convertToScalar(*scalar);
@@ -142,12 +148,6 @@ void convertToPRS(TransformControl& controller) {
         bakeTransform(controller, replacement);
         refreshMotionPanel(controller);
     });
-}
-
-void convertToScalar(ScalarControl& controller) {
-    const Class_ID linear(LININTERP_FLOAT_CLASS_ID, 0);
-    replaceControl(controller, "Convert to Scalar controller", linear,
-                   [&](Control& replacement) { bakeScalar(controller, replacement); });
 }
 
 void convertAllTransformControls() {

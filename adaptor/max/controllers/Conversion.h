@@ -4,7 +4,6 @@
 
 namespace qvo::zmx::adaptor::max {
 
-class ScalarControl;
 class TransformControl;
 
 /// Between the plug-in's controllers and the host's own.
@@ -16,7 +15,6 @@ class TransformControl;
 /// throws.
 
 void convertToPRS(TransformControl& controller);
-void convertToScalar(ScalarControl& controller);
 
 /// All controllers of the process, the newest first.
 void convertAllTransformControls();

@@ -1,6 +1,5 @@
 #include "adaptor/max/controllers/TransformControl.h"
 
-#include <cstdint>
 #include <optional>
 #include <utility>
 

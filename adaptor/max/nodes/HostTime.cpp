@@ -3,10 +3,14 @@
 #include <cmath>
 
 namespace qvo::zmx::adaptor::max {
+namespace {
 
+/// 4800 only for frame rates that divide it.
 double ticksPerSecond() {
     return static_cast<double>(GetTicksPerFrame()) * GetFrameRate();
 }
+
+}  // namespace
 
 TimeValue ticksFromSeconds(double seconds) {
     const double ticks = std::trunc((GetFrameRate() * seconds) * GetTicksPerFrame());

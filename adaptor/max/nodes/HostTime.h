@@ -4,9 +4,6 @@
 
 namespace qvo::zmx::adaptor::max {
 
-/// Host ticks per second: ticks per frame times frame rate, which is 4800 only for rates that divide it.
-double ticksPerSecond();
-
 /// Seconds to host ticks: (frame rate x seconds) x ticks per frame in doubles, truncated toward zero. The
 /// order of the factors matters: multiplying by the ticks per second would lose frame 5 at 30 frames per
 /// second. NaN gives 0; what lies outside the ticks' 32 bits gives the nearest end.

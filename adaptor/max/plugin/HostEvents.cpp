@@ -61,9 +61,8 @@ void onScenePreEmpty(UtilityManager& manager, NotifyInfo* info) {
     if (!keepsObjects(info)) MaxAdaptorInterface::instance().sceneClosed();
 }
 
-void onSceneWritten(UtilityManager& manager, NotifyInfo* /*info*/) {
-    if (manager.core) MaxAdaptorInterface::instance().afterSave();
-}
+/// After a save or an export. The tags stay in the scene: they must survive for a later attach.
+void onSceneWritten(UtilityManager& /*manager*/, NotifyInfo* /*info*/) {}
 
 /// Before the selected nodes are deleted: the adaptor notes them, the core may act on the event, then the
 /// adaptor takes their wrappers out.

@@ -1,8 +1,11 @@
 #include "adaptor/max/services/AdaptorOptions.h"
 
+#include <cstdint>
+
 #include "adaptor/max/controllers/Conversion.h"
 #include "adaptor/max/plugin/OptionStore.h"
 #include "adaptor/max/plugin/UtilityManager.h"
+#include "adaptor/max/services/Boundary.h"
 #include "adaptor/max/services/MaxAdaptorInterface.h"
 #include "adaptor/max/services/OptionChangeRestoreObj.h"
 #include "adaptor/max/services/UndoGroupScope.h"
@@ -42,6 +45,13 @@ void bindOptions(core::OptionGroup& options, util::MessageNode& listener) {
                 UtilityManager::instance().options().value(id));
         listener.connect(element);
     }
+}
+
+void storeOption(unsigned int id, bool value) {
+    UtilityManager& manager = UtilityManager::instance();
+    manager.options().setValue(id, value);
+    const std::int32_t told = value ? 1 : 0;
+    if (manager.core) guarded("CoreObject::optionChanged", [&] { manager.core->optionChanged(id, &told); });
 }
 
 void handleOptionMessage(const util::Message& message) {

@@ -11,6 +11,9 @@ namespace qvo::zmx::adaptor::max {
 /// Elements that the group lacks are skipped.
 void bindOptions(core::OptionGroup& options, util::MessageNode& listener);
 
+/// Stores the value of a check option and tells the attached core of it.
+void storeOption(unsigned int id, bool value);
+
 /// Acts on a message of an option element: stores a changed check, inside an undo group named by its label,
 /// and tells the core; converts all controllers when the button is pressed. Other messages are ignored.
 void handleOptionMessage(const util::Message& message);

@@ -17,9 +17,6 @@ class HoldScope {
     HoldScope(const HoldScope&) = delete;
     HoldScope& operator=(const HoldScope&) = delete;
 
-    /// True when this scope began the hold.
-    bool ownsHold() const { return ownsHold_; }
-
     /// Undoes what was recorded since, if this scope began the hold; the scope then has nothing left to end.
     void cancel();
 

@@ -19,6 +19,12 @@ using util::logLine;
 
 namespace {
 
+// Made when the library is loaded: asked for, they cannot fail any more.
+const std::string kAdaptorName = "3ds max 2010 Adaptor";
+const std::string kAdaptorId = "adaptor_3dsmax2010";
+const std::string kApplicationName = "3dsmax";
+const std::string kApplicationVersion = "2010";
+
 struct Releaser {
     void operator()(CUndo* record) const {
         guarded("CUndo::release", [&] { record->release(); });
@@ -32,11 +38,6 @@ using PendingRecord = std::unique_ptr<CUndo, Releaser>;
 
 MaxAdaptorInterface::MaxAdaptorInterface() {
     setName("MaxAdaptorInterface");
-    // The texts are made now: asked for later, they must not fail any more.
-    for (const auto text :
-         {&MaxAdaptorInterface::getAdaptorName, &MaxAdaptorInterface::getAdaptorId,
-          &MaxAdaptorInterface::getApplicationName, &MaxAdaptorInterface::getApplicationVersion})
-        (this->*text)();
 }
 
 MaxAdaptorInterface::~MaxAdaptorInterface() {
@@ -46,23 +47,19 @@ MaxAdaptorInterface::~MaxAdaptorInterface() {
 // Who we are
 
 const std::string& MaxAdaptorInterface::getAdaptorName() {
-    static const std::string name = "3ds max 2010 Adaptor";
-    return name;
+    return kAdaptorName;
 }
 
 const std::string& MaxAdaptorInterface::getAdaptorId() {
-    static const std::string id = "adaptor_3dsmax2010";
-    return id;
+    return kAdaptorId;
 }
 
 const std::string& MaxAdaptorInterface::getApplicationName() {
-    static const std::string name = "3dsmax";
-    return name;
+    return kApplicationName;
 }
 
 const std::string& MaxAdaptorInterface::getApplicationVersion() {
-    static const std::string version = "2010";
-    return version;
+    return kApplicationVersion;
 }
 
 void MaxAdaptorInterface::getApplicationIds(util::ReturnValue<std::vector<std::string>>& ids) {

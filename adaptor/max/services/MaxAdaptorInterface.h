@@ -111,9 +111,6 @@ class MaxAdaptorInterface : public core::AdaptorInterface,
     /// While the host holds, the user's undo brings wrapper and node back together.
     void nodesDeleted();
 
-    /// After a save or an export. The tags stay in the scene: they must survive for a later attach.
-    void afterSave() {}
-
   private:
     friend class util::Singleton<MaxAdaptorInterface>;
 

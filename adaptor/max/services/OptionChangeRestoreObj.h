@@ -19,7 +19,4 @@ class OptionChangeRestoreObj : public CUndo {
     bool newValue_;
 };
 
-/// Stores the value of a check option and tells the attached core of it.
-void storeOption(unsigned int id, bool value);
-
 }  // namespace qvo::zmx::adaptor::max

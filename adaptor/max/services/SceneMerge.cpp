@@ -5,8 +5,6 @@
 #include "adaptor/max/Host.h"
 #include "adaptor/max/nodes/CMAXNode.h"
 #include "util/Log.h"
-#include "util/xml/Tag.h"
-#include "util/xml/Text.h"
 
 namespace qvo::zmx::adaptor::max {
 
@@ -57,13 +55,6 @@ void mergeIntoHost(const std::string& path, Log& log) {
     }
 }
 
-/// A handle the way the core passes it: as decimal text in an element "max", and back.
-ULONG throughElement(ULONG handle) {
-    util::xml::Tag element("max");
-    element.addChild(util::xml::Text(std::to_string(handle)));
-    return static_cast<ULONG>(std::stoul(element.text()));
-}
-
 std::vector<std::unique_ptr<CMAXNode>> wrapMergedNodes(const SavedSelection& before, Log& log) {
     logLine(log, Log::kNotice, "Gathering merged nodes");
     Interface& host = *GetCOREInterface();
@@ -73,7 +64,7 @@ std::vector<std::unique_ptr<CMAXNode>> wrapMergedNodes(const SavedSelection& bef
         INode* const node = host.GetSelNode(i);
         if (node->IsRootNode() || before.contains(*node)) continue;
         logValue(log, Log::kNotice, "Adding node to list", node->GetName());
-        if (INode* const found = host.GetINodeByHandle(throughElement(node->GetHandle())))
+        if (INode* const found = host.GetINodeByHandle(node->GetHandle()))
             merged.push_back(std::make_unique<CMAXNode>(nullptr, found));
     }
     return merged;

@@ -29,9 +29,6 @@ class UndoGroups {
     /// Puts `record` into the host's hold; the host owns it from here on. Only while recording.
     static void put(CUndo* record, CUndoWrapper::Origin origin);
 
-    /// Number of open groups.
-    int depth() const { return static_cast<int>(names_.size()); }
-
     /// Ends all open groups, accepting what they recorded, with a warning for each.
     void endAll();
 
