@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "adaptor/max/ClassIds.h"
 #include "adaptor/max/nodes/CMAXNode.h"
-#include "adaptor/max/plugin/ClassIds.h"
 #include "fuzz/FuzzHost.h"
 #include "fuzz/FuzzInput.h"
 #include "tests/support/TestCoreObject.h"

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "adaptor/max/ClassIds.h"
 #include "adaptor/max/nodes/CustomHelperObject.h"
-#include "adaptor/max/plugin/ClassIds.h"
 #include "fuzz/FuzzHost.h"
 #include "maxhost/Viewport.h"
 #include "maxhost/src/files/ChunkReader.h"

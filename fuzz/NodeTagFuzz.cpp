@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "adaptor/max/plugin/ClassIds.h"
+#include "adaptor/max/ClassIds.h"
 #include "fuzz/FuzzHost.h"
 #include "tests/support/TestCoreObject.h"
 

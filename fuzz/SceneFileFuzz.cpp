@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <stdexcept>
 
-#include "adaptor/max/plugin/ClassIds.h"
+#include "adaptor/max/ClassIds.h"
 #include "fuzz/FuzzHost.h"
 #include "maxhost/src/files/ChunkReader.h"
 #include "maxhost/src/files/SceneReader.h"

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "adaptor/max/plugin/ClassIds.h"
+#include "adaptor/max/ClassIds.h"
 #include "adaptor/max/plugin/PluginClasses.h"
 #include "adaptor/max/plugin/UtilityManager.h"
 #include "adaptor/max/services/MaxAdaptorInterface.h"

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "adaptor/max/ClassIds.h"
 #include "adaptor/max/nodes/MeshTransfer.h"
-#include "adaptor/max/plugin/ClassIds.h"
 #include "adaptor/max/plugin/PluginClasses.h"
 #include "adaptor/max/services/MaxAdaptorInterface.h"
 #include "maxhost/HeadlessHost.h"

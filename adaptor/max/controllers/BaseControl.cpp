@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/controllers/ControlCompleteKeyRestore.h"
 #include "adaptor/max/controllers/ControlKeyAppendRestore.h"
 #include "adaptor/max/controllers/ControlKeyDeleteRestore.h"
@@ -16,7 +17,6 @@
 #include "adaptor/max/controllers/KeyValue.h"
 #include "adaptor/max/controllers/TimeDeletion.h"
 #include "adaptor/max/plugin/UtilityManager.h"
-#include "adaptor/max/services/Boundary.h"
 
 namespace qvo::zmx::adaptor::max {
 namespace {

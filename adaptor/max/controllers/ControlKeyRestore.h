@@ -1,9 +1,9 @@
 #pragma once
 
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/Host.h"
 #include "adaptor/max/controllers/LiveRef.h"
 #include "adaptor/max/controllers/ZorvaKey.h"
-#include "adaptor/max/services/Boundary.h"
 
 namespace qvo::zmx::adaptor::max {
 

@@ -2,12 +2,12 @@
 
 #include <vector>
 
+#include "adaptor/max/Boundary.h"
+#include "adaptor/max/ClassIds.h"
+#include "adaptor/max/HoldScope.h"
 #include "adaptor/max/controllers/AnimateScope.h"
 #include "adaptor/max/controllers/KeyValue.h"
 #include "adaptor/max/controllers/OwnControl.h"
-#include "adaptor/max/plugin/ClassIds.h"
-#include "adaptor/max/services/Boundary.h"
-#include "adaptor/max/services/HoldScope.h"
 
 namespace qvo::zmx::adaptor::max {
 namespace {

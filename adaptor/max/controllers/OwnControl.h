@@ -1,8 +1,8 @@
 #pragma once
 
+#include "adaptor/max/ClassIds.h"
 #include "adaptor/max/controllers/ScalarControl.h"
 #include "adaptor/max/controllers/TransformControl.h"
-#include "adaptor/max/plugin/ClassIds.h"
 
 namespace qvo::zmx::adaptor::max {
 

@@ -1,7 +1,7 @@
 #include "adaptor/max/controllers/ScalarControl.h"
 
+#include "adaptor/max/ClassIds.h"
 #include "adaptor/max/controllers/Interpolation.h"
-#include "adaptor/max/plugin/ClassIds.h"
 
 namespace qvo::zmx::adaptor::max {
 

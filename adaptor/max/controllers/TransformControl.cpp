@@ -3,12 +3,12 @@
 #include <optional>
 #include <utility>
 
+#include "adaptor/max/Boundary.h"
+#include "adaptor/max/ClassIds.h"
 #include "adaptor/max/controllers/Interpolation.h"
 #include "adaptor/max/controllers/KeyValue.h"
 #include "adaptor/max/controllers/RollupDialog.h"
 #include "adaptor/max/nodes/HostSpace.h"
-#include "adaptor/max/plugin/ClassIds.h"
-#include "adaptor/max/services/Boundary.h"
 
 namespace qvo::zmx::adaptor::max {
 namespace {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/controllers/Conversion.h"
 #include "adaptor/max/nodes/CMAXSnapshot.h"
 #include "adaptor/max/nodes/CMAXSnapshot_Helper.h"
@@ -12,7 +13,6 @@
 #include "adaptor/max/nodes/CMAXSnapshot_Shape.h"
 #include "adaptor/max/nodes/HostTime.h"
 #include "adaptor/max/nodes/NodeInstanceRestoreObj.h"
-#include "adaptor/max/services/Boundary.h"
 #include "adaptor/max/services/MaxAdaptorInterface.h"
 #include "util/Log.h"
 

@@ -1,8 +1,8 @@
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/controllers/Conversion.h"
 #include "adaptor/max/nodes/CMAXNode.h"
 #include "adaptor/max/nodes/HostTime.h"
 #include "adaptor/max/nodes/SelectionBatch.h"
-#include "adaptor/max/services/Boundary.h"
 #include "adaptor/max/services/UndoGroupScope.h"
 #include "util/Log.h"
 

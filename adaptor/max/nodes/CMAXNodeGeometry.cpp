@@ -1,10 +1,10 @@
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/nodes/CMAXNode.h"
 #include "adaptor/max/nodes/CMAXSnapshot_Helper.h"
 #include "adaptor/max/nodes/CMAXSnapshot_Lens.h"
 #include "adaptor/max/nodes/CMAXSnapshot_Mesh.h"
 #include "adaptor/max/nodes/CMAXSnapshot_Shape.h"
 #include "adaptor/max/nodes/HostTime.h"
-#include "adaptor/max/services/Boundary.h"
 
 /// Snapshots of what a node shows: helper, mesh, lens, shape.
 namespace qvo::zmx::adaptor::max {

@@ -1,7 +1,7 @@
+#include "adaptor/max/Boundary.h"
+#include "adaptor/max/HoldScope.h"
 #include "adaptor/max/nodes/CMAXNode.h"
 #include "adaptor/max/nodes/SelectionBatch.h"
-#include "adaptor/max/services/Boundary.h"
-#include "adaptor/max/services/HoldScope.h"
 #include "util/Log.h"
 
 /// A node's place in the scene: visibility, selection, parent and children, copies.

@@ -1,7 +1,7 @@
 #include "adaptor/max/nodes/CMAXSnapshot.h"
 
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/nodes/HostSpace.h"
-#include "adaptor/max/services/Boundary.h"
 #include "util/Log.h"
 
 namespace qvo::zmx::adaptor::max {

@@ -3,11 +3,11 @@
 #include <cmath>
 #include <cstdint>
 
+#include "adaptor/max/Boundary.h"
+#include "adaptor/max/ClassIds.h"
 #include "adaptor/max/nodes/ConvertedObjects.h"
 #include "adaptor/max/nodes/CustomHelperObject.h"
 #include "adaptor/max/nodes/MeshTransfer.h"
-#include "adaptor/max/plugin/ClassIds.h"
-#include "adaptor/max/services/Boundary.h"
 #include "util/Log.h"
 
 namespace qvo::zmx::adaptor::max {

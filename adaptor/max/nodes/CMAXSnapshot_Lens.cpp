@@ -1,6 +1,6 @@
 #include "adaptor/max/nodes/CMAXSnapshot_Lens.h"
 
-#include "adaptor/max/services/Boundary.h"
+#include "adaptor/max/Boundary.h"
 
 namespace qvo::zmx::adaptor::max {
 namespace {

@@ -1,9 +1,9 @@
 #include "adaptor/max/nodes/CMAXSnapshot_Mesh.h"
 
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/nodes/MeshTransfer.h"
 #include "adaptor/max/plugin/OptionStore.h"
 #include "adaptor/max/plugin/UtilityManager.h"
-#include "adaptor/max/services/Boundary.h"
 #include "adaptor/max/services/MaxAdaptorInterface.h"
 #include "util/ReturnInto.h"
 

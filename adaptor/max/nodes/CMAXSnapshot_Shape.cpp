@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "adaptor/max/services/Boundary.h"
+#include "adaptor/max/Boundary.h"
 
 namespace qvo::zmx::adaptor::max {
 

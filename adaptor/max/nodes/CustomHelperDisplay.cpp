@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/nodes/CustomHelperObject.h"
 #include "adaptor/max/nodes/MeshTransfer.h"
-#include "adaptor/max/services/Boundary.h"
 
 namespace qvo::zmx::adaptor::max {
 

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <memory>
 
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/ChunkIo.h"
-#include "adaptor/max/plugin/ClassIds.h"
-#include "adaptor/max/services/Boundary.h"
+#include "adaptor/max/ClassIds.h"
 #include "util/Log.h"
 
 namespace qvo::zmx::adaptor::max {

@@ -1,7 +1,7 @@
 #include "adaptor/max/nodes/NodeInstanceRestoreObj.h"
 
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/nodes/CMAXNode.h"
-#include "adaptor/max/services/Boundary.h"
 #include "adaptor/max/services/MaxAdaptorInterface.h"
 
 namespace qvo::zmx::adaptor::max {

@@ -1,8 +1,8 @@
 #include "adaptor/max/plugin/CTimeChangeCallback.h"
 
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/nodes/HostTime.h"
 #include "adaptor/max/plugin/UtilityManager.h"
-#include "adaptor/max/services/Boundary.h"
 
 namespace qvo::zmx::adaptor::max {
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/plugin/InstallPath.h"
-#include "adaptor/max/services/Boundary.h"
 #include "util/Log.h"
 
 namespace qvo::zmx::adaptor::max {

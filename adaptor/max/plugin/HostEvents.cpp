@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/Host.h"
 #include "adaptor/max/plugin/UtilityManager.h"
-#include "adaptor/max/services/Boundary.h"
 #include "adaptor/max/services/MaxAdaptorInterface.h"
 
 namespace qvo::zmx::adaptor::max {

@@ -3,8 +3,8 @@
 #include <array>
 #include <string>
 
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/plugin/UtilityManager.h"
-#include "adaptor/max/services/Boundary.h"
 #include "adaptor/max/services/MaxAdaptorInterface.h"
 
 namespace qvo::zmx::adaptor::max {

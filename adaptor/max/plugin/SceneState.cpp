@@ -2,11 +2,11 @@
 
 #include <string>
 
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/ChunkIo.h"
-#include "adaptor/max/plugin/ClassIds.h"
+#include "adaptor/max/ClassIds.h"
 #include "adaptor/max/plugin/OlderSceneState.h"
 #include "adaptor/max/plugin/UtilityManager.h"
-#include "adaptor/max/services/Boundary.h"
 #include "util/Log.h"
 #include "util/xml/Element.h"
 #include "util/xml/Tag.h"

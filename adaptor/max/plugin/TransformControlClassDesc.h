@@ -1,7 +1,7 @@
 #pragma once
 
+#include "adaptor/max/ClassIds.h"
 #include "adaptor/max/controllers/TransformControl.h"
-#include "adaptor/max/plugin/ClassIds.h"
 #include "adaptor/max/plugin/PluginClassDesc.h"
 
 namespace qvo::zmx::adaptor::max {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adaptor/max/plugin/ClassIds.h"
+#include "adaptor/max/ClassIds.h"
 #include "adaptor/max/plugin/PluginClassDesc.h"
 #include "adaptor/max/plugin/UtilityManager.h"
 

@@ -2,12 +2,12 @@
 
 #include <memory>
 
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/plugin/CoreLibrary.h"
 #include "adaptor/max/plugin/HostEvents.h"
 #include "adaptor/max/plugin/InstallPath.h"
 #include "adaptor/max/plugin/PanelDialog.h"
 #include "adaptor/max/plugin/SceneState.h"
-#include "adaptor/max/services/Boundary.h"
 #include "adaptor/max/services/MaxAdaptorInterface.h"
 #include "util/Log.h"
 #include "util/SingletonCollector.h"

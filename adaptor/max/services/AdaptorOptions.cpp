@@ -2,10 +2,10 @@
 
 #include <cstdint>
 
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/controllers/Conversion.h"
 #include "adaptor/max/plugin/OptionStore.h"
 #include "adaptor/max/plugin/UtilityManager.h"
-#include "adaptor/max/services/Boundary.h"
 #include "adaptor/max/services/MaxAdaptorInterface.h"
 #include "adaptor/max/services/OptionChangeRestoreObj.h"
 #include "adaptor/max/services/UndoGroupScope.h"

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "adaptor/max/services/Boundary.h"
+#include "adaptor/max/Boundary.h"
 
 namespace qvo::zmx::adaptor::max {
 

@@ -1,6 +1,6 @@
 #include "adaptor/max/services/Gathering.h"
 
-#include "adaptor/max/services/Boundary.h"
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/services/MasterNodes.h"
 #include "adaptor/max/services/NodeTag.h"
 #include "adaptor/max/services/SceneWalk.h"

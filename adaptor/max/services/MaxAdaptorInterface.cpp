@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <memory>
 
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/nodes/CMAXNode.h"
 #include "adaptor/max/nodes/HostTime.h"
 #include "adaptor/max/plugin/UtilityManager.h"
-#include "adaptor/max/services/Boundary.h"
 #include "adaptor/max/services/CSetTimeRestoreObj.h"
 #include "adaptor/max/services/NodeCreation.h"
 #include "util/Log.h"

@@ -1,8 +1,8 @@
 #include <algorithm>
 
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/nodes/CMAXNode.h"
 #include "adaptor/max/nodes/SelectionBatch.h"
-#include "adaptor/max/services/Boundary.h"
 #include "adaptor/max/services/MaxAdaptorInterface.h"
 
 namespace qvo::zmx::adaptor::max {

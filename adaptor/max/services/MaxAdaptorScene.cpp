@@ -1,7 +1,7 @@
+#include "adaptor/max/Boundary.h"
 #include "adaptor/max/nodes/CMAXNode.h"
 #include "adaptor/max/plugin/UtilityManager.h"
 #include "adaptor/max/services/AdaptorOptions.h"
-#include "adaptor/max/services/Boundary.h"
 #include "adaptor/max/services/MaxAdaptorInterface.h"
 #include "adaptor/max/services/NodeCreation.h"
 #include "adaptor/max/services/NodeLookup.h"

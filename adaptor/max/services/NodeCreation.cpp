@@ -3,12 +3,12 @@
 #include <string>
 #include <utility>
 
+#include "adaptor/max/ClassIds.h"
 #include "adaptor/max/controllers/Conversion.h"
 #include "adaptor/max/nodes/CMAXNode.h"
 #include "adaptor/max/nodes/CustomHelperObject.h"
 #include "adaptor/max/nodes/MeshTransfer.h"
 #include "adaptor/max/nodes/NodeInstanceRestoreObj.h"
-#include "adaptor/max/plugin/ClassIds.h"
 #include "adaptor/max/plugin/OptionStore.h"
 #include "adaptor/max/plugin/UtilityManager.h"
 #include "adaptor/max/services/MaxAdaptorInterface.h"

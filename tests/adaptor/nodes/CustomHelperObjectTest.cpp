@@ -7,7 +7,7 @@
 #include <memory>
 #include <sstream>
 
-#include "adaptor/max/plugin/ClassIds.h"
+#include "adaptor/max/ClassIds.h"
 #include "maxhost/HeadlessHost.h"
 #include "tests/support/ChunkBuffer.h"
 

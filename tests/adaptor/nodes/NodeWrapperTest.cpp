@@ -1,10 +1,10 @@
 #include <memory>
 
+#include "adaptor/max/ClassIds.h"
 #include "adaptor/max/controllers/Conversion.h"
 #include "adaptor/max/controllers/ScalarControl.h"
 #include "adaptor/max/nodes/CMAXSnapshot.h"
 #include "adaptor/max/nodes/HostSpace.h"
-#include "adaptor/max/plugin/ClassIds.h"
 #include "tests/support/AdaptorFixture.h"
 
 namespace qvo::zmx::adaptor::max {

@@ -7,7 +7,7 @@
 #include <functional>
 #include <string>
 
-#include "adaptor/max/plugin/ClassIds.h"
+#include "adaptor/max/ClassIds.h"
 #include "adaptor/max/plugin/UtilityManager.h"
 #include "maxhost/src/files/ChunkReader.h"
 #include "maxhost/src/files/ChunkWriter.h"

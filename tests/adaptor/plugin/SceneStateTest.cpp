@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-#include "adaptor/max/plugin/ClassIds.h"
+#include "adaptor/max/ClassIds.h"
 #include "adaptor/max/plugin/UtilityManager.h"
 #include "tests/support/ChunkBuffer.h"
 #include "tests/support/TestCoreObject.h"

@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "adaptor/max/ClassIds.h"
 #include "adaptor/max/controllers/Conversion.h"
 #include "adaptor/max/nodes/HostSpace.h"
 #include "tests/support/AdaptorFixture.h"

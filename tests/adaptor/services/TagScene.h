@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "adaptor/max/plugin/ClassIds.h"
+#include "adaptor/max/ClassIds.h"
 #include "tests/support/AdaptorFixture.h"
 #include "tests/support/MessageBoxes.h"
 #include "tests/support/TestCoreObject.h"

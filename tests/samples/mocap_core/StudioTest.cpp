@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "adaptor/max/plugin/ClassIds.h"
+#include "adaptor/max/ClassIds.h"
 #include "tests/samples/mocap_core/StudioFixture.h"
 
 namespace qvo::zmx::mocap {

@@ -1,4 +1,4 @@
-#include "adaptor/max/services/HoldScope.h"
+#include "adaptor/max/HoldScope.h"
 
 namespace qvo::zmx::adaptor::max {
 
