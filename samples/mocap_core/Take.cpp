@@ -1,6 +1,7 @@
 #include "samples/mocap_core/Take.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "samples/mocap_core/Guarded.h"
 #include "util/ReturnInto.h"
@@ -8,15 +9,27 @@
 namespace qvo::zmx::mocap {
 
 void Take::writeState(util::xml::Element& masternodes) {
-    guarded("writeState", [&] {
-        TakeState state{record_, {}};
-        for (const std::string& name : record_.nodeNames()) {
-            core::CoreNode* const present = node(name);
-            const std::string object = present ? present->getName() : std::string();
-            if (!object.empty()) state.objects[name] = object;
-        }
-        state.writeTo(masternodes);
-    });
+    guarded("writeState", [&] { state().writeTo(masternodes); });
+}
+
+TakeState Take::state() const {
+    TakeState state{record_, {}};
+    for (const std::string& name : record_.nodeNames()) {
+        core::CoreNode* const present = node(name);
+        const std::string object = present ? present->getName() : std::string();
+        if (!object.empty()) state.objects[name] = object;
+    }
+    return state;
+}
+
+void Take::setRecord(TakeRecord record) {
+    record.id = std::move(record_.id);
+    record_ = std::move(record);
+}
+
+void Take::renewId() {
+    record_.id = TakeRecord::freshId();
+    saved_.clear();
 }
 
 void Take::removed(core::CoreNode* node) {
@@ -61,6 +74,7 @@ void Take::refresh(core::AdaptorInterface& adaptor) {
 }
 
 void Take::tagNodes(core::AdaptorInterface& adaptor) {
+    noteSaved(state());
     tagging_ = true;
     adaptor.tagOwnedNodes(this);
     tagging_ = false;

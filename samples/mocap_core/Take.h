@@ -27,8 +27,20 @@ class Take : public core::Owner, public NodeListener {
     void restored(core::CoreNode* node) override;  // listener, slot 2
 
     const TakeRecord& record() const { return record_; }
-    void setRecord(TakeRecord record) { record_ = std::move(record); }
-    void setId(std::string id) { record_.id = std::move(id); }
+    /// All but the id, which stands for what was saved and so is no part of any change.
+    void setRecord(TakeRecord record);
+
+    /// What the scene keeps of the take.
+    TakeState state() const;
+
+    /// Scene files know this state by the take's id.
+    void noteSaved(const TakeState& state) { saved_ = state.text(); }
+
+    /// A new id, under which nothing was saved yet.
+    void renewId();
+
+    /// True when scene files know another state than the present one by the take's id.
+    bool hasChangedSinceSaved() const { return !saved_.empty() && saved_ != state().text(); }
 
     /// `node` stands for `name` from now on, and tells the take when it leaves the scene.
     void addNode(const std::string& name, core::CoreNode& node);
@@ -43,6 +55,7 @@ class Take : public core::Owner, public NodeListener {
     void refresh(core::AdaptorInterface& adaptor);
 
     /// Writes the take into tags on its nodes, from which it comes back after the scene was read again.
+    /// Scene files know the present state by the take's id from then on.
     void tagNodes(core::AdaptorInterface& adaptor);
 
   private:
@@ -52,6 +65,7 @@ class Take : public core::Owner, public NodeListener {
     };
 
     TakeRecord record_;
+    std::string saved_;  // the text of the state that scene files know by the id; empty for none
     std::unordered_map<core::CoreNode*, Known> known_;  // by identity only: a removed wrapper may be gone
     /// One name may stand for several: a deleted node that undo can bring back, and the one made in its
     /// place.

@@ -55,11 +55,14 @@ void TakeRestorer::restoreTake(TakeState state) {
     const Claims claims = claimNodes(take, state);
     if (claims.claimed == 0) {
         takes_.remove(take);
+        const std::string shown = FileError::printable(state.record.name);
         if (ids_.count(state.record.id) == 0)
-            logLine(Log::kWarning, "Take \"", FileError::printable(state.record.name),
-                    "\" is dropped: none of its nodes is left");
+            logLine(Log::kWarning, "Take \"", shown, "\" is dropped: none of its nodes is left");
+        else
+            logLine(Log::kNotice, "Take \"", shown, "\" is in the scene already");
         return;
     }
+    take.noteSaved(state);
     ids_.insert(state.record.id);
     names_.insert(name);
     if (name != state.record.name) renameNodes(take, state.record.name);

@@ -16,8 +16,8 @@ namespace qvo::zmx::mocap {
 /// Brings takes back from what the adaptor has gathered in the scene: makes them anew and takes their nodes
 /// back.
 ///
-/// A gathered take and one that the scene has already are the same take when their ids are equal. It is then
-/// the nodes that decide. All of them are wrapped already: the take itself was gathered, because it had been
+/// An id stands for one state of a take. When a gathered take and one that the scene has already are equal in
+/// it, the nodes decide. All of them are wrapped already: the take itself was gathered, because it had been
 /// saved before, and nothing happens. Some are free: they came beside it, from a scene that holds the same
 /// take and was merged, so they are another take, which gets an id of its own at the next save. Takes of
 /// different ids are different takes whatever they are called. A take that comes under a name in use gets

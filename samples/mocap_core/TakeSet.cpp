@@ -67,7 +67,8 @@ void TakeSet::refresh(core::AdaptorInterface& adaptor) const {
 void TakeSet::tagNodes(core::AdaptorInterface& adaptor) const {
     std::unordered_set<std::string> met;
     for (Take* const take : inScene()) {
-        if (!met.insert(take->record().id).second) take->setId(TakeRecord::freshId());
+        if (take->hasChangedSinceSaved() || met.count(take->record().id) != 0) take->renewId();
+        met.insert(take->record().id);
         take->tagNodes(adaptor);
     }
 }

@@ -41,8 +41,9 @@ class TakeSet {
     /// Asks the adaptor anew which takes are left.
     void refresh(core::AdaptorInterface& adaptor) const;
 
-    /// Writes the takes of the scene into tags on their nodes. Of takes that share an id, since one is a copy
-    /// of the other, the later gets an id of its own.
+    /// Writes the takes of the scene into tags on their nodes. A take that has changed since it was saved
+    /// gets a new id, or its older state would not come in from a scene that still holds it. Of takes that
+    /// share an id, since one is a copy of the other, the later gets an id of its own.
     void tagNodes(core::AdaptorInterface& adaptor) const;
 
   private:

@@ -8,6 +8,7 @@
 #include "samples/mocap_core/Numbers.h"
 #include "samples/mocap_core/state/ToolElement.h"
 #include "util/Log.h"
+#include "util/xml/Tag.h"
 
 namespace qvo::zmx::mocap {
 
@@ -148,6 +149,14 @@ void TakeState::writeTo(Element& masternodes) const {
         });
     if (!record.camera.empty())
         children.write(kCamera, [&](Element& child) { addNode(child, *this, "label", record.camera); });
+}
+
+std::string TakeState::text() const {
+    TakeState unnamed = *this;
+    unnamed.record.id.clear();
+    Element masternodes = util::xml::Tag("masternodes");
+    unnamed.writeTo(masternodes);
+    return masternodes.toString();
 }
 
 std::optional<TakeState> TakeState::readFrom(const Element& tool) {

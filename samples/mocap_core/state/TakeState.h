@@ -30,6 +30,9 @@ struct TakeState {
     /// Appends the "masternode" elements.
     void writeTo(util::xml::Element& masternodes) const;
 
+    /// Everything but the id, to be compared.
+    std::string text() const;
+
     /// Reads a gathered take with its child tools. Nothing without an id or any joint; what else is damaged
     /// or unknown is left out, and the log names it.
     static std::optional<TakeState> readFrom(const util::xml::Element& tool);

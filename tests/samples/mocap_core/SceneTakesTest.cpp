@@ -95,6 +95,32 @@ TEST_F(SceneTakes, OfOneNameFromTwoScenesStayApart) {
     EXPECT_EQ(claimedNodes(), "walk_Hips walk_Leg walk-2_Hips walk-2_Leg ");
 }
 
+/// What was saved of a take before it changed comes in beside it, however it changed.
+TEST_F(SceneTakes, MergesBringOlderStatesOfTakesInTheScene) {
+    ASSERT_EQ(start("<clip>walk.bvh</clip>"), "ok");
+    ASSERT_TRUE(host.save(file("a.zms")));
+    ASSERT_TRUE(host.reset());
+    ASSERT_EQ(start("<clip>walk.bvh</clip>"), "ok");
+    ASSERT_TRUE(host.merge(file("a.zms")));
+    EXPECT_EQ(takes(), "walk walk-2 ");  // renamed since it was read
+    ASSERT_TRUE(host.merge(file("a.zms")));
+    EXPECT_EQ(takes(), "walk walk-2 walk-3 ");
+
+    ASSERT_TRUE(host.open(file("a.zms")));
+    ASSERT_EQ(start("<edit take='walk'><rename>run</rename><extend>walk.bvh</extend></edit>"), "ok");
+    EXPECT_EQ(takes(), "run ");
+    ASSERT_TRUE(host.undo());
+    ASSERT_TRUE(host.redo());  // to the id that it was saved under, not to that of the file
+    EXPECT_EQ(takes(), "run ");
+    ASSERT_TRUE(host.merge(file("a.zms")));
+    EXPECT_EQ(takes(), "run walk ");
+    node("walk_Leg").SetName(const_cast<char*>("knee"));
+    EXPECT_EQ(takes(), "run walk ");
+    ASSERT_TRUE(host.merge(file("a.zms")));
+    EXPECT_EQ(takes(), "run walk walk-2 ");
+    EXPECT_EQ(claimedNodes(), "run_Hips run_Leg walk_Hips knee walk-2_Hips walk-2_Leg ");
+}
+
 TEST_F(SceneTakes, SurviveImports) {
     ASSERT_EQ(start("<clip>walk.bvh</clip>"), "ok");
     const int rate = GetFrameRate();
