@@ -10,7 +10,8 @@ namespace qvo::zmx::mocap {
 
 namespace {
 
-constexpr double kSnapTolerance = 1e-3;  // printed frame times have as few as five digits
+/// Printed frame times have as few as five digits; 1001 / 1000 of a whole rate's time is another rate.
+constexpr double kSnapTolerance = 5e-4;
 constexpr double kStepTolerance = 1e-9;  // rounding only
 constexpr double kLastTick = std::numeric_limits<std::int32_t>::max();
 
@@ -48,14 +49,13 @@ void FrameGrid::chooseMultiplier() {
     const int ticksPerUserFrame = kTicksPerSecond / userRate_;  // above it a host frame has no tick left
     int coarseEven = 1;
     for (int candidate = 1; candidate <= ticksPerUserFrame; ++candidate) {
-        const bool isEven = ticksPerUserFrame % candidate == 0;
-        const bool isModest = candidate <= userRate_;
-        if (isWhole(userRate_ * candidate * frameTime_) && (isModest || isEven)) {
+        if (ticksPerUserFrame % candidate != 0) continue;
+        if (isWhole(userRate_ * candidate * frameTime_)) {
             multiplier_ = candidate;
             exact_ = true;
             return;
         }
-        if (isModest && isEven) coarseEven = candidate;
+        if (candidate <= userRate_) coarseEven = candidate;
     }
     multiplier_ = userRate_ * coarseEven * frameTime_ >= 1.0 ? coarseEven : ticksPerUserFrame;
     if (rate() * frameTime_ < 1.0)

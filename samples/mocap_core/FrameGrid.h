@@ -11,11 +11,11 @@ namespace qvo::zmx::mocap {
 /// ticks per frame = 4800 / frame rate, an integer division. The adaptor turns seconds into ticks by
 /// trunc((frame rate x seconds) x ticks per frame) and can make the frame rate a multiple of the user's.
 ///
-/// The grid is the smallest multiple on which every clip frame is a host frame of its own; a multiple above
-/// the user's rate counts only if it is even, that is, if its frames share a user's frame's ticks without
-/// remainder (with a remainder the clip's length would change when the multiple is taken back). Where there
-/// is none, each clip frame takes the host frame nearest to it on the largest even multiple up to the user's
-/// rate, or, where that is too coarse for the clip, on the ticks themselves.
+/// Only even multiples count, those whose frames share a user's frame's ticks without remainder: with one a
+/// second of the grid would be shorter than the user's, and the clip too fast. The grid is the smallest of
+/// them on which every clip frame is a host frame of its own. Where there is none, each clip frame takes the
+/// host frame nearest to it on the largest even multiple up to the user's rate, or, where that is too coarse
+/// for the clip, on the ticks themselves.
 class FrameGrid {
   public:
     static constexpr int kTicksPerSecond = 4800;
@@ -53,7 +53,7 @@ class FrameGrid {
     std::int64_t firstTick() const { return hostFrame(0) * ticksPerFrame(); }
     std::int64_t lastTick() const { return hostFrame(frames_ == 0 ? 0 : frames_ - 1) * ticksPerFrame(); }
 
-    /// Seconds between two frames, with printed rates made whole: a time within 0.1 % of 1 / n is 1 / n
+    /// Seconds between two frames, with printed rates made whole: a time within 0.05 % of 1 / n is 1 / n
     /// (.0083333 stands for 1 / 120).
     static double exactFrameTime(double printed);
 
