@@ -2,6 +2,7 @@
 
 #include <random>
 #include <stdexcept>
+#include <vector>
 
 namespace headless {
 
@@ -9,10 +10,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-fs::path existingFolderAbove(fs::path path) {
-    do {
+/// `path`, or the nearest folder above it that is there. The folder itself may be on another disk than the
+/// one above it.
+fs::path nearestFolder(fs::path path) {
+    while (!fs::exists(path) && path.has_relative_path())
         path = path.parent_path();
-    } while (!fs::exists(path) && path.has_relative_path());
     return path;
 }
 
@@ -30,9 +32,14 @@ fs::path makeHiddenFolder(const fs::path& parent, const std::string& name) {
 
 OutputFolder::OutputFolder(const std::string& path) : target_(fs::absolute(path).lexically_normal()) {
     if (!target_.has_filename()) target_ = target_.parent_path();
-    if (fs::exists(target_) && !fs::is_directory(target_))
+    const fs::file_status there = fs::symlink_status(target_);
+    if (fs::exists(there) && !fs::is_directory(target_))
         throw std::runtime_error(path + ": is there already and is no folder");
-    partial_ = makeHiddenFolder(existingFolderAbove(target_), target_.filename().string());
+    try {
+        partial_ = makeHiddenFolder(nearestFolder(target_), target_.filename().string());
+    } catch (const fs::filesystem_error& error) {
+        throw std::runtime_error(path + ": cannot be written into: " + error.code().message());
+    }
 }
 
 OutputFolder::~OutputFolder() {
@@ -41,9 +48,16 @@ OutputFolder::~OutputFolder() {
 }
 
 void OutputFolder::complete() {
+    std::vector<fs::path> names;
+    for (const fs::directory_entry& entry : fs::directory_iterator(partial_)) {
+        names.push_back(entry.path().filename());
+        const fs::path place = target_ / names.back();
+        if (fs::is_directory(place))
+            throw std::runtime_error(place.string() + ": is a folder, and a file shall take its place");
+    }
     fs::create_directories(target_);
-    for (const fs::directory_entry& entry : fs::directory_iterator(partial_))
-        fs::rename(entry.path(), target_ / entry.path().filename());
+    for (const fs::path& name : names)
+        fs::rename(partial_ / name, target_ / name);
 }
 
 }  // namespace headless

@@ -92,6 +92,23 @@ TEST_F(SessionTest, SecondSessionReplacesTheResultsAndNothingElse) {
     EXPECT_EQ(result("notes.txt"), "mine");
 }
 
+TEST_F(SessionTest, ResultsMayGoToAnotherDisk) {
+    const fs::path there = fs::path("/dev/shm") / session_.folder().filename();  // where there is one
+    std::error_code failed;
+    fs::create_directory(there, failed);
+    fs::create_directory_symlink(failed ? session_.folder() : there, session_.out());
+    EXPECT_EQ(play(limb(1, kFirst)), 0) << session_.standardError();
+    EXPECT_EQ(namesIn(session_.out()).size(), failed ? 11u : 6u);
+    fs::remove_all(there, failed);
+}
+
+TEST_F(SessionTest, ResultThatCannotTakeItsPlaceLeavesTheOthersAlone) {
+    fs::create_directories(session_.out() / "log.txt");
+    EXPECT_EQ(play(limb(1, kFirst)), 1);
+    EXPECT_NE(session_.standardError().find("log.txt: is a folder"), std::string::npos);
+    EXPECT_EQ(namesIn(session_.out()), std::vector<std::string>{"log.txt"});
+}
+
 /// The program itself compares the motion after undo and redo, and after reopening.
 TEST_F(SessionTest, ConversionOfAllControllersIsAnEntryOfItsOwn) {
     ASSERT_EQ(play(limb(3, kFirst + kSecond + kThird), {"<convertAll/>"}), 0) << session_.standardError();
