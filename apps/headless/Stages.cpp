@@ -3,11 +3,16 @@
 #include <cstdio>
 #include <exception>
 
+#include "apps/headless/Interrupted.h"
 #include "apps/headless/platform/Platform.h"
 
 namespace headless {
 
 Stages::Stages() : shown_(platform::hasTerminal()) {}
+
+void Stages::refuseToGoOn() {
+    if (const int signal = platform::interrupt()) throw Interrupted(signal);
+}
 
 double Stages::secondsSince(Clock::time_point start) {
     return std::chrono::duration<double>(Clock::now() - start).count();
@@ -21,6 +26,7 @@ void Stages::show(const std::string& text) const {
 }
 
 void Stages::advance(std::size_t done, std::size_t total) {
+    refuseToGoOn();
     const std::size_t percent = total == 0 ? 100 : done * 100 / total;
     if (percent == percent_) return;
     percent_ = percent;

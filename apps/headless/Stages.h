@@ -18,14 +18,16 @@ class Stages {
 
     Stages();
 
-    /// Runs `work` as the stage `name` and gives back its result. A stage that throws is not recorded.
+    /// Runs `work` as the stage `name` and gives back its result. A stage that throws is not recorded. Throws
+    /// Interrupted between two stages.
     template <class Work>
     auto run(const std::string& name, Work work) {
+        refuseToGoOn();
         const Running running(*this, name);
         return work();
     }
 
-    /// How far the running stage is.
+    /// How far the running stage is. Throws Interrupted.
     void advance(std::size_t done, std::size_t total);
 
     const std::vector<Stage>& finished() const { return finished_; }
@@ -47,6 +49,8 @@ class Stages {
         int exceptions_;
     };
 
+    /// Throws Interrupted when the user wants the session to end.
+    static void refuseToGoOn();
     static double secondsSince(Clock::time_point start);
     void show(const std::string& text) const;
 

@@ -2,11 +2,13 @@
 #include <exception>
 
 #include "apps/headless/ClipError.h"
+#include "apps/headless/Interrupted.h"
 #include "apps/headless/Session.h"
+#include "apps/headless/platform/Platform.h"
 
 namespace {
 
-constexpr int kFailed = 1, kBadClip = 2;
+constexpr int kFailed = 1, kBadClip = 2, kInterrupted = 128;
 
 int fail(const std::exception& error, int status) {
     std::fprintf(stderr, "%s\n", error.what());
@@ -23,7 +25,9 @@ void printSummary(const headless::Summary& summary) {
 
 int main(int count, char** arguments) {
     try {
-        headless::Session session(headless::Options::parse(count, arguments));
+        const headless::Options options = headless::Options::parse(count, arguments);
+        headless::platform::keepInterrupts();
+        headless::Session session(options);
         session.run();
         printSummary(session.summary());
         return 0;
@@ -32,6 +36,8 @@ int main(int count, char** arguments) {
         return kFailed;
     } catch (const headless::ClipError& error) {
         return fail(error, kBadClip);
+    } catch (const headless::Interrupted& error) {
+        return fail(error, kInterrupted + error.signal);
     } catch (const std::exception& error) {
         return fail(error, kFailed);
     }

@@ -12,6 +12,13 @@ namespace headless::platform {
 /// std::runtime_error for a file that cannot be used.
 void prepare(const std::string& registryFile);
 
+/// From now on a signal that asks the process to end is kept, to be asked for; the same signal a second time
+/// ends it as usual.
+void keepInterrupts();
+
+/// The number of the signal that has asked the process to end; 0 for none.
+int interrupt();
+
 /// "CAPTION: TEXT" of the message boxes that were shown since prepare.
 std::vector<std::string> messageBoxes();
 

@@ -1,3 +1,4 @@
+#include <signal.h>
 #include <unistd.h>
 
 #include <iostream>
@@ -8,6 +9,28 @@
 namespace headless::platform {
 
 using maxhost::win32::Win32Session;
+
+namespace {
+
+volatile sig_atomic_t interruptedBy = 0;
+
+void keepInterrupt(int number) {
+    interruptedBy = number;
+}
+
+}  // namespace
+
+void keepInterrupts() {
+    struct sigaction action {};
+    action.sa_handler = keepInterrupt;
+    action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP})
+        sigaction(number, &action, nullptr);
+}
+
+int interrupt() {
+    return interruptedBy;
+}
 
 void prepare(const std::string& registryFile) {
     Win32Session::printMessageBoxesTo(&std::cerr);

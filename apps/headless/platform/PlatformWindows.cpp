@@ -2,6 +2,7 @@
 
 #include <io.h>
 
+#include <csignal>
 #include <cstdio>
 #include <stdexcept>
 
@@ -14,6 +15,12 @@ namespace {
 constexpr int kTextOfMessageBox = 0xffff;
 
 std::vector<std::string> shownBoxes;
+volatile std::sig_atomic_t interruptedBy = 0;
+
+/// Windows has set the default again when it calls this.
+void keepInterrupt(int number) {
+    interruptedBy = number;
+}
 
 std::string textOf(HWND window) {
     std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
@@ -36,6 +43,15 @@ LRESULT CALLBACK answerMessageBox(int code, WPARAM window, LPARAM details) {
 }
 
 }  // namespace
+
+void keepInterrupts() {
+    for (const int number : {SIGINT, SIGTERM, SIGBREAK})
+        std::signal(number, keepInterrupt);
+}
+
+int interrupt() {
+    return interruptedBy;
+}
 
 void prepare(const std::string& registryFile) {
     if (!registryFile.empty())
