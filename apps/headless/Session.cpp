@@ -101,6 +101,8 @@ std::string Session::takeReport() const {
     const std::string line = firstLine(readText(options_.report));
     const std::string refused = "error ";
     if (line.compare(0, refused.size(), refused) == 0) throw ClipError(line.substr(refused.size()));
+    if (line.compare(0, 3, "ok ") != 0)
+        throw std::runtime_error("the core's report says neither ok nor error: \"" + line + "\"");
     return line;
 }
 
@@ -193,6 +195,9 @@ void Session::endHost() {
     for (const std::string& fault : summary_.faults)
         log_.add("fault of a plug-in: " + fault);
     log_.add("the host has ended");
+    refuseMessages();
+    if (!summary_.faults.empty())
+        throw std::runtime_error("a plug-in made a mistake: " + firstLine(summary_.faults.front()));
 }
 
 }  // namespace headless
