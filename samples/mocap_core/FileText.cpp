@@ -20,4 +20,10 @@ std::string readFileText(const std::string& path, const std::string& what) {
     return text;
 }
 
+std::string_view withoutByteOrderMark(std::string_view text) {
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    if (text.substr(0, kMark.size()) == kMark) text.remove_prefix(kMark.size());
+    return text;
+}
+
 }  // namespace qvo::zmx::mocap

@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <optional>
 
+#include "samples/mocap_core/FileText.h"
 #include "samples/mocap_core/Numbers.h"
 
 namespace qvo::zmx::mocap {
 
 namespace {
-
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 bool isLineEnd(char c) {
     return c == '\n' || c == '\r';
@@ -34,9 +33,8 @@ bool Token::is(std::string_view keyword) const {
                       [](char a, char b) { return lower(a) == lower(b); });
 }
 
-Tokenizer::Tokenizer(std::string_view text, const std::string& file) : text_(text), file_(file) {
-    if (text_.substr(0, kByteOrderMark.size()) == kByteOrderMark) position_ = kByteOrderMark.size();
-}
+Tokenizer::Tokenizer(std::string_view text, const std::string& file)
+    : text_(withoutByteOrderMark(text)), file_(file) {}
 
 const Token& Tokenizer::peek() {
     if (!hasAhead_) scan();

@@ -5,7 +5,6 @@
 #include <limits>
 #include <system_error>
 
-#include "samples/mocap_core/FileText.h"
 #include "samples/mocap_core/Numbers.h"
 
 namespace qvo::zmx::mocap {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "samples/mocap_core/FileError.h"
+#include "samples/mocap_core/FileText.h"
 #include "util/CMesh.h"
 
 namespace qvo::zmx::mocap {
@@ -31,7 +32,8 @@ class ObjReader {
         int texture;
     };
 
-    ObjReader(std::string_view text, const std::string& file) : rest_(text), file_(file) {}
+    ObjReader(std::string_view text, const std::string& file)
+        : rest_(withoutByteOrderMark(text)), file_(file) {}
 
     util::CMesh read();
     bool nextStatement();

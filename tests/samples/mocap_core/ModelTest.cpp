@@ -34,6 +34,7 @@ TEST(ObjReader, ReadsFacesOfEveryForm) {
         const char* expected;
     } cases[] = {
         {kSquare + "f 1 2 3 4", "0 1 2 0 2 3 | "},
+        {"\xEF\xBB\xBF" + kSquare + "f 1 2 4", "0 1 3 | "},
         {kSquare + "f -4 -3 -2\r\nf 2//1 3//1 4//1\r\n", "0 1 2 1 2 3 | "},
         {kSquare + "vt 0 0\nvt 1\nf 1/2 2/1/1 3/-1/1\nf 1 2 3", "0 1 2 0 1 2 | 1 0 1 0 0 0"},
         {kSquare + "vn 0 0 1\nusemtl x\nl 1 2\ng a\ns off # f 9\nf 1 2 \\\n 3 # 4\n", "0 1 2 | "},
