@@ -10,12 +10,16 @@ namespace qvo::zmx::mocap {
 /// What one number of a frame drives. Positions are in clip units, rotations in degrees.
 enum class Channel { PositionX, PositionY, PositionZ, RotationX, RotationY, RotationZ };
 
+inline bool isPosition(Channel channel) {
+    return channel <= Channel::PositionZ;
+}
+
 /// One joint of the skeleton. Right-handed, Y up, clip units.
 struct Joint {
     std::string name;                ///< not empty, unique within the clip
     int parent = -1;                 ///< index of an earlier joint, -1 for a root
     std::array<double, 3> offset{};  ///< rest position relative to the parent
-    std::vector<Channel> channels;   ///< in the order written, none twice
+    std::vector<Channel> channels;   ///< in the order written, no position twice
     std::size_t firstChannel = 0;    ///< index of the joint's first number within a frame
 };
 

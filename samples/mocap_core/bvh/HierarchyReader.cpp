@@ -7,8 +7,6 @@ namespace qvo::zmx::mocap {
 
 namespace {
 
-constexpr std::size_t kMaxChannels = 6;
-
 std::optional<Channel> channelOf(const Token& token) {
     static constexpr struct {
         std::string_view keyword;
@@ -95,15 +93,16 @@ void HierarchyReader::readChannels(const Token& keyword) {
     if (open_.back().hasChannels) tokens_.fail(keyword, "a second CHANNELS in joint " + currentName());
     open_.back().hasChannels = true;
     const std::size_t count = tokens_.count("number of channels");
-    if (count > kMaxChannels) tokens_.fail(keyword, "more than 6 channels in joint " + currentName());
     Joint& joint = current();
     joint.firstChannel = clip_.channelCount;
     for (std::size_t i = 0; i < count; ++i) {
         const Token token = tokens_.next();
         const std::optional<Channel> channel = channelOf(token);
         if (!channel) tokens_.fail(token, Tokenizer::quoted(token) + " is not a channel");
-        if (std::find(joint.channels.begin(), joint.channels.end(), *channel) != joint.channels.end())
-            tokens_.fail(token, "channel " + Tokenizer::quoted(token) + " twice in joint " + currentName());
+        // Another turn about an axis goes on from the earlier ones; a second position contradicts the first.
+        if (isPosition(*channel) &&
+            std::find(joint.channels.begin(), joint.channels.end(), *channel) != joint.channels.end())
+            tokens_.fail(token, "position " + Tokenizer::quoted(token) + " twice in joint " + currentName());
         joint.channels.push_back(*channel);
     }
     clip_.channelCount += count;

@@ -20,10 +20,6 @@ Matrix4 rotation(int axis, double degrees) {
     return matrix;
 }
 
-bool isPosition(Channel channel) {
-    return channel <= Channel::PositionZ;
-}
-
 int axisOf(Channel channel) {
     return static_cast<int>(channel) % 3;
 }

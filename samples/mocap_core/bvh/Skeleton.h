@@ -14,8 +14,8 @@ namespace qvo::zmx::mocap {
 /// A joint's translation relative to its parent is its offset, except that an axis with a position channel
 /// takes the channel's number in place of the offset's. Its rotation channels turn about the axes that the
 /// earlier ones have already turned: for column vectors R1 x R2 x R3 in the order written, for the row
-/// vectors used here the transposed product in the opposite order. Positions are scaled by the metres per
-/// unit; rotations hold no scale.
+/// vectors used here the transposed product in the opposite order; an axis may come again. Positions are
+/// scaled by the metres per unit; rotations hold no scale.
 class Skeleton {
   public:
     /// Keeps a reference: `clip` must outlive the skeleton. `metresPerUnit` is finite and above 0.
