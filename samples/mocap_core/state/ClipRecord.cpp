@@ -11,6 +11,8 @@ namespace qvo::zmx::mocap {
 
 namespace {
 
+/// More than a day at a hundred frames a second. Whoever walks through a clip's frames trusts their number.
+constexpr std::size_t kMostFrames = 10'000'000;
 constexpr std::int64_t kLastTick = std::numeric_limits<std::int32_t>::max();  // of the host's time line
 
 bool readPositive(const util::xml::Element& element, const char* name, double& value) {
@@ -47,7 +49,7 @@ std::optional<ClipRecord> ClipRecord::readFrom(const util::xml::Element& tool) {
     if (!frames || !readPositive(tool, "frameTime", record.frameTime) ||
         !readPositive(tool, "metresPerUnit", record.metresPerUnit) ||
         !readTick(tool, "firstTick", record.firstTick) || !readTick(tool, "lastTick", record.lastTick) ||
-        record.lastTick < record.firstTick || *frames < 1 ||
+        record.lastTick < record.firstTick || *frames < 1 || *frames > kMostFrames ||
         *frames - 1 > static_cast<std::size_t>(record.lastTick - record.firstTick))
         return std::nullopt;
     record.frames = *frames;

@@ -25,7 +25,8 @@ struct ClipRecord {
     /// read back.
     void writeTo(util::xml::Element& tool) const;
 
-    /// Nothing when a number is missing or impossible: each frame has a tick of its own.
+    /// Nothing when a number is missing or impossible: each frame has a tick of its own, and there are no
+    /// more frames than a clip file could hold.
     static std::optional<ClipRecord> readFrom(const util::xml::Element& tool);
 };
 

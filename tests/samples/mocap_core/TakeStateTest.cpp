@@ -86,6 +86,9 @@ TEST(TakeState, DamagedPartsAreLeftOut) {
         {clip + "0'/>", 1, 0, 0, true},
         {clip + "-1'/>", 1, 0, 0, true},
         {clip + "2147483648'/>", 1, 0, 0, true},
+        {"<ZMK_Plugin type='mocap clip' frameTime='1e-9' frames='10000001' metresPerUnit='1' "
+         "firstTick='0' lastTick='2147483647'/>",
+         1, 0, 0, true},
         {"<ZMK_Plugin type='mocap clip'/>", 1, 0, 0, true},
         {"<ZMK_Plugin type='mocap prop'><label>hat</label></ZMK_Plugin>", 1, 0, 1, false},
         {"<ZMK_Plugin type='mocap prop'><label>a</label></ZMK_Plugin>", 1, 0, 0, true},
