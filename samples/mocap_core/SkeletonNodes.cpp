@@ -2,8 +2,6 @@
 
 #include <stdexcept>
 
-#include "samples/mocap_core/model/JointLook.h"
-
 namespace qvo::zmx::mocap {
 
 namespace {
@@ -14,7 +12,7 @@ void show(core::CoreNode& node, const JointLook& look, std::size_t joint) {
     const Color color = look.color(joint);
     helper->setMesh(look.shape(joint));
     helper->setColor(color.red, color.green, color.blue);
-    helper->setWireframe(false);
+    helper->setWireframe(look.bones() == Bones::edges);
     helper->setBackfaceCulling(true);
     node.releaseHelperSnapshot(helper);
 }
@@ -22,8 +20,8 @@ void show(core::CoreNode& node, const JointLook& look, std::size_t joint) {
 }  // namespace
 
 std::vector<core::CoreNode*> skeletonNodes(core::AdaptorInterface& adaptor, Take& take, const Clip& clip,
-                                           double metresPerUnit) {
-    const JointLook look(clip, metresPerUnit);
+                                           double metresPerUnit, Bones bones) {
+    const JointLook look(clip, metresPerUnit, bones);
     std::vector<core::CoreNode*> nodes;
     nodes.reserve(clip.joints.size());
     for (const Joint& joint : clip.joints) {

@@ -5,6 +5,7 @@
 #include "core/AdaptorInterface.h"
 #include "samples/mocap_core/Take.h"
 #include "samples/mocap_core/bvh/Clip.h"
+#include "samples/mocap_core/model/JointLook.h"
 
 namespace qvo::zmx::mocap {
 
@@ -12,6 +13,6 @@ namespace qvo::zmx::mocap {
 /// one: a helper under its parent joint's, shown as a bone in the colour of its side. Throws
 /// std::runtime_error.
 std::vector<core::CoreNode*> skeletonNodes(core::AdaptorInterface& adaptor, Take& take, const Clip& clip,
-                                           double metresPerUnit);
+                                           double metresPerUnit, Bones bones);
 
 }  // namespace qvo::zmx::mocap

@@ -24,7 +24,7 @@ StartRun::StartRun(core::AdaptorInterface& adaptor, TakeSet& takes, SceneGrid& g
       grid_(grid),
       options_(options),
       settings_(settings),
-      builder_(adaptor, takes, grid) {}
+      builder_(adaptor, takes, grid, settings.meshes.empty() ? Bones::solid : Bones::edges) {}
 
 std::string StartRun::run() {
     const util::Log section("Loading motion clips", util::Log::kNotice);

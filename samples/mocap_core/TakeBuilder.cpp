@@ -91,7 +91,7 @@ void TakeBuilder::bake(Take& take, const PreparedClip& clip) {
     FileError::concerning(clip.path, [&] {
         const core::AdaptorInterface::TimeRange range = rangeWith(clip.grid);
         const std::vector<core::CoreNode*> nodes =
-            skeletonNodes(adaptor_, take, clip.clip, clip.metresPerUnit);
+            skeletonNodes(adaptor_, take, clip.clip, clip.metresPerUnit, bones_);
         grid_.change({clip.grid.multiplier(), range});
         counts_.keys += ClipBake(adaptor_, clip.clip, clip.grid, nodes).run(clip.metresPerUnit);
         counts_.joints += nodes.size();

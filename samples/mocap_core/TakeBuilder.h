@@ -6,6 +6,7 @@
 #include "core/AdaptorInterface.h"
 #include "samples/mocap_core/PreparedClip.h"
 #include "samples/mocap_core/SceneGrid.h"
+#include "samples/mocap_core/SkeletonNodes.h"
 #include "samples/mocap_core/TakeSet.h"
 
 namespace qvo::zmx::mocap {
@@ -22,8 +23,9 @@ class TakeBuilder {
         std::size_t keys = 0;
     };
 
-    TakeBuilder(core::AdaptorInterface& adaptor, TakeSet& takes, SceneGrid& grid)
-        : adaptor_(adaptor), takes_(takes), grid_(grid) {}
+    /// `bones`: of the joints that get a node.
+    TakeBuilder(core::AdaptorInterface& adaptor, TakeSet& takes, SceneGrid& grid, Bones bones)
+        : adaptor_(adaptor), takes_(takes), grid_(grid), bones_(bones) {}
 
     /// A new take of one clip, which is called as its file without extension, or like it.
     Take& load(const PreparedClip& clip);
@@ -50,6 +52,7 @@ class TakeBuilder {
     core::AdaptorInterface& adaptor_;
     TakeSet& takes_;
     SceneGrid& grid_;
+    Bones bones_;
     Counts counts_;
 };
 

@@ -16,6 +16,7 @@ constexpr double kBallShare = 0.08;       // of the longest bone
 constexpr double kLoneBallRadius = 0.02;  // meters, where there is no bone at all
 constexpr double kCollarShare = 0.15;     // where a bone is thickest, from its joint on
 constexpr double kThickness = 0.09;       // of its length
+constexpr double kCageThickness = 0.2;
 
 /// Texts that tell sides; one stands where its counterpart would stand in the joint on the other side.
 constexpr std::pair<const char*, const char*> kSideWords[] = {
@@ -122,7 +123,8 @@ Side sideOf(const std::string& name, const std::unordered_set<std::string>& name
 
 }  // namespace
 
-JointLook::JointLook(const Clip& clip, double metresPerUnit) : tips_(tipsOf(clip, metresPerUnit)) {
+JointLook::JointLook(const Clip& clip, double metresPerUnit, Bones bones)
+    : bones_(bones), tips_(tipsOf(clip, metresPerUnit)) {
     double longest = 0.0;
     for (const Point3d& tip : tips_)
         if (isBone(tip)) longest = std::max(longest, length(tip));
@@ -138,7 +140,8 @@ JointLook::JointLook(const Clip& clip, double metresPerUnit) : tips_(tipsOf(clip
 util::CMesh JointLook::shape(std::size_t joint) const {
     const Point3d& tip = tips_[joint];
     if (!isBone(tip)) return spindle({0, -ballRadius_, 0}, {0, ballRadius_, 0}, {0, 0, 0}, ballRadius_);
-    return spindle({0, 0, 0}, tip, scaled(tip, kCollarShare), length(tip) * kThickness);
+    const double thickness = bones_ == Bones::edges ? kCageThickness : kThickness;
+    return spindle({0, 0, 0}, tip, scaled(tip, kCollarShare), length(tip) * thickness);
 }
 
 Color JointLook::color(std::size_t joint) const {

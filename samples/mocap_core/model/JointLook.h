@@ -12,6 +12,10 @@ namespace qvo::zmx::mocap {
 /// Which half of the body a joint is on.
 enum class Side { centre, left, right };
 
+/// How bones are drawn: as edges they leave a model beside them to be seen. Those are thicker, to stand
+/// around what a host draws between joints of its own accord.
+enum class Bones { solid, edges };
+
 /// A colour, 0 to 1.
 struct Color {
     float red, green, blue;
@@ -25,7 +29,7 @@ struct Color {
 class JointLook {
   public:
     /// Keeps a reference: `clip` must outlive the object. Cost: linear in the joints.
-    JointLook(const Clip& clip, double metresPerUnit);
+    JointLook(const Clip& clip, double metresPerUnit, Bones bones);
 
     /// Joints with nothing below them, or nothing at a distance, get a small ball of eight faces.
     util::CMesh shape(std::size_t joint) const;
@@ -34,9 +38,12 @@ class JointLook {
     /// with "left" and "right" (or a first or last letter "l" and "r") exchanged.
     Side side(std::size_t joint) const { return sides_[joint]; }
 
+    Bones bones() const { return bones_; }
+
     Color color(std::size_t joint) const;
 
   private:
+    Bones bones_;
     std::vector<util::Point3d> tips_;  // meters, relative to the joint
     std::vector<Side> sides_;
     double ballRadius_;

@@ -86,7 +86,7 @@ TEST(JointLook, SidesAreToldByNames) {
                               {"forearm.R", 0},
                               {"forearm.L", 0}});
     const std::string sides = "clrclrlrlrccrl";
-    const JointLook look(clip, 1.0);
+    const JointLook look(clip, 1.0, Bones::solid);
     for (std::size_t i = 0; i < sides.size(); ++i) {
         const Side expected = sides[i] == 'l' ? Side::left : sides[i] == 'r' ? Side::right : Side::centre;
         EXPECT_EQ(look.side(i), expected) << clip.joints[i].name;
@@ -118,7 +118,7 @@ TEST(JointLook, BonesAreClosedAndReachTheNextJoint) {
     Clip clip = clipOf({{"a", -1}, {"b", 0}, {"c", 1}, {"d", 1}});
     clip.joints[2].offset = {0.0, 0.0, 0.0};
     clip.endSites = {{2, {0.0, 7.0, 0.0}}};
-    const JointLook look(clip, 0.01);
+    const JointLook look(clip, 0.01, Bones::edges);
     const struct {
         double x, y;  // where the bone ends, clip units; for a ball its top
     } tips[] = {{3, -4}, {3, -4}, {0, 7}, {0, 0.56}};
@@ -128,7 +128,7 @@ TEST(JointLook, BonesAreClosedAndReachTheNextJoint) {
         EXPECT_NEAR(shape.vertices[1].x, tips[joint].x * 0.01, 1e-12) << joint;
         EXPECT_NEAR(shape.vertices[1].y, tips[joint].y * 0.01, 1e-12) << joint;
     }
-    EXPECT_GT(volumeOf(JointLook(clipOf({{"a", -1}}), 1.0).shape(0)), 0.0);
+    EXPECT_GT(volumeOf(JointLook(clipOf({{"a", -1}}), 1.0, Bones::solid).shape(0)), 0.0);
 }
 
 }  // namespace
