@@ -80,6 +80,7 @@ void TakeBuilder::bakeAgain(Take& take) {
 }
 
 void TakeBuilder::rename(Take& take, const std::string& name) {
+    if (take.record().name == name) return;
     TakeRecord record = take.record();
     const std::string former = std::exchange(record.name, takes_.uniqueName(name));
     TakeChange::make(adaptor_, take, std::move(record));

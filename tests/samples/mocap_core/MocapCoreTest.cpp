@@ -152,7 +152,7 @@ TEST_F(MocapCoreTest, FurtherTakesStandBesideTheFirst) {
 TEST_F(MocapCoreTest, TakesAreEditedInOneUndoGroup) {
     startAndReport();
     writeSettings(
-        "<edit take='walk'><extend>walk.bvh</extend><rename>run</rename></edit><edit "
+        "<edit take='walk'><extend>walk.bvh</extend><rename>run</rename><rename>run</rename></edit><edit "
         "take='run'><bake/></edit>");
     adaptor.nodes[1]->hostName = "knee";
     adaptor.calls.clear();
