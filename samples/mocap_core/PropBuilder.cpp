@@ -1,11 +1,11 @@
 #include "samples/mocap_core/PropBuilder.h"
 
-#include <filesystem>
 #include <stdexcept>
 #include <utility>
 
 #include "samples/mocap_core/BorrowedSnapshot.h"
 #include "samples/mocap_core/FileError.h"
+#include "samples/mocap_core/FilePath.h"
 #include "samples/mocap_core/TakeChange.h"
 #include "samples/mocap_core/TakeNames.h"
 
@@ -27,7 +27,7 @@ void addProp(core::AdaptorInterface& adaptor, Take& take, const PreparedProp& pr
         const std::string joint = prop.joint.empty() ? record.joints.front() : prop.joint;
         core::CoreNode* const parent = take.node(joint);
         if (!parent) throw std::runtime_error("take \"" + record.name + "\" has no joint \"" + joint + "\"");
-        const std::string name = uniqueNodeName(take, std::filesystem::path(prop.path).stem().string());
+        const std::string name = uniqueNodeName(take, path::stem(prop.path));
         record.props.push_back({name, prop.path, joint});
         TakeChange::make(adaptor, take, std::move(record));
 

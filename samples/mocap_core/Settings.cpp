@@ -1,10 +1,12 @@
 #include "samples/mocap_core/Settings.h"
 
-#include <filesystem>
 #include <limits>
 #include <optional>
+#include <sstream>
 
 #include "samples/mocap_core/FileError.h"
+#include "samples/mocap_core/FilePath.h"
+#include "samples/mocap_core/FileText.h"
 #include "samples/mocap_core/Numbers.h"
 
 namespace qvo::zmx::mocap {
@@ -35,9 +37,8 @@ void Settings::readFile(const std::string& file) {
     *this = Settings();
     path = file;
     Element root;
-    const int result = root.readFile(path);
-    if (result == Element::kFileNotOpened) fail("the settings cannot be opened");
-    if (result != Element::kParsed || root.value != "zmx_config")
+    std::istringstream text{std::string(withoutByteOrderMark(readFileText(path, "the settings")))};
+    if (root.read(text) != Element::kParsed || root.value != "zmx_config")
         fail("the settings are no well-formed zmx_config document");
     report = resolved(trimmed(root.textOf("report")));
     log = resolved(trimmed(root.textOf("log")));
@@ -118,8 +119,7 @@ double Settings::positive(const std::string& text, const std::string& what) cons
 }
 
 std::string Settings::resolved(const std::string& file) const {
-    if (file.empty()) return file;
-    return (std::filesystem::path(path).parent_path() / file).string();
+    return file.empty() ? file : path::beside(path, file);
 }
 
 void Settings::fail(const std::string& cause) const {

@@ -4,6 +4,7 @@
 
 #include "samples/mocap_core/CameraFollow.h"
 #include "samples/mocap_core/FileError.h"
+#include "samples/mocap_core/FilePath.h"
 #include "samples/mocap_core/UndoGroup.h"
 #include "samples/mocap_core/model/ObjReader.h"
 #include "util/Log.h"
@@ -122,8 +123,7 @@ bool StartRun::changesScene() const {
 
 std::string StartRun::groupName() const {
     if (!settings_.edits.empty()) return "Edit motion takes";
-    if (clips_.size() == 1)
-        return "Load motion clip " + takes_.uniqueName(TakeBuilder::stemOf(clips_.front().path));
+    if (clips_.size() == 1) return "Load motion clip " + takes_.uniqueName(path::stem(clips_.front().path));
     return clips_.empty() ? "Add to motion take" : "Load motion clips";
 }
 

@@ -1,7 +1,6 @@
 #include "samples/mocap_core/TakeBuilder.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <memory>
 #include <stdexcept>
 #include <utility>
@@ -9,7 +8,7 @@
 
 #include "samples/mocap_core/ClipBake.h"
 #include "samples/mocap_core/FileError.h"
-#include "samples/mocap_core/SkeletonNodes.h"
+#include "samples/mocap_core/FilePath.h"
 #include "samples/mocap_core/TakeChange.h"
 #include "samples/mocap_core/TakeNames.h"
 #include "util/Log.h"
@@ -39,7 +38,7 @@ void requireJointsOf(const Take& take, const PreparedClip& clip) {
 Take& TakeBuilder::load(const PreparedClip& clip) {
     TakeRecord record;
     record.id = TakeRecord::freshId();
-    record.name = takes_.uniqueName(stemOf(clip.path));
+    record.name = takes_.uniqueName(path::stem(clip.path));
     record.multiplier = clip.grid.multiplier();
     record.userRate = clip.userRate;
     record.joints = jointNames(clip.clip);
@@ -106,10 +105,6 @@ core::AdaptorInterface::TimeRange TakeBuilder::rangeWith(const FrameGrid& grid) 
     if (!takes_.latest()) return {0.0, end};
     const core::AdaptorInterface::TimeRange present = adaptor_.getAnimationRange();
     return {std::min(0.0, present.first), std::max(end, present.second)};
-}
-
-std::string TakeBuilder::stemOf(const std::string& path) {
-    return std::filesystem::path(path).stem().string();
 }
 
 }  // namespace qvo::zmx::mocap

@@ -42,9 +42,6 @@ class TakeBuilder {
 
     const Counts& counts() const { return counts_; }
 
-    /// The name of a take of this clip: its file name without extension.
-    static std::string stemOf(const std::string& path);
-
   private:
     void bake(Take& take, const PreparedClip& clip);
     core::AdaptorInterface::TimeRange rangeWith(const FrameGrid& grid) const;
