@@ -10,7 +10,8 @@
 #
 # What DEST held before is removed, unless it is no such installation: then nothing is done. DRIVE, such as Z:,
 # is what the product's files call the root folder, for a build that runs under Wine; empty for others. Each ELEMENT
-# is XML that the settings get too.
+# is XML that the settings get too,
+# after what stands there otherwise, so that it counts.
 set -euo pipefail
 
 usage() {
@@ -32,7 +33,8 @@ registry_text() {
 for argument in "$1" "$2" "$3"; do [ -n "$argument" ] || usage; done
 build=$(realpath -m -- "$1")
 dest=$(realpath -m -- "$2")
-clip=$(realpath -m -- "$3")
+clip=$3
+[[ $clip = /* ]] || clip=$PWD/$clip # links stay: a take is called as its clip is
 drive=${4:-}
 shift $(($# < 4 ? $# : 4))
 elements=$(printf '    %s\n' "$@")
@@ -41,6 +43,8 @@ if [ -e "$dest" ] && [ ! -d "$dest/kestrelstudio" ] && [ -n "$(ls -A -- "$dest")
     echo "${0##*/}: $dest holds something other than an installation" >&2
     exit 1
 fi
+# The folder that tells an installation goes last: a removal that was broken off can be repeated.
+[ ! -d "$dest" ] || find "$dest" -mindepth 1 -maxdepth 1 ! -name kestrelstudio -exec rm -rf -- {} +
 rm -rf -- "$dest"
 
 core=$dest/kestrelstudio/data/core
@@ -53,8 +57,8 @@ cat >"$core/layout/zmx_maxconfig.xml" <<XML
 <?xml version="1.0"?>
 <zmx_config>
     <clip>$(xml_text "$drive$clip")</clip>
-$elements
     <metresPerUnit>0.01</metresPerUnit>
+$elements
     <report>$(xml_text "$drive$dest/report.txt")</report>
     <log>$(xml_text "$drive$dest/logs/core.log")</log>
 </zmx_config>

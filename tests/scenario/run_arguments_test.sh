@@ -24,11 +24,17 @@ expect() {
 }
 
 mkdir "a folder.bvh"
-expect missing_clip 1 "no such & <clip>.bvh" "no such & <clip>.bvh"
+touch clip.bvh
+expect missing_clip 1 "no such & <clip>.bvh:0: the clip cannot be opened" "no such & <clip>.bvh"
+expect missing_take 1 "none.bvh:0: the clip cannot be opened" clip.bvh --take none.bvh
+expect missing_mesh 1 "none.obj:0: the model cannot be opened" clip.bvh --mesh none.obj
+expect missing_merge 1 "none.zms:0: the scene cannot be opened" --merge none.zms
+expect mesh_of_no_size 0 "usage:" --mesh-scale 0.0
+expect clip_of_no_size 0 "usage:" --scale .
+expect path_for_wine 1 "é.bvh:0:" --windows --out é.bvh clip.bvh
 expect folder_as_clip 1 "a folder.bvh" "a folder.bvh" --out out
 expect missing_clip_with_dash 1 "-x.bvh" -- -x.bvh
 expect unknown_option 0 "usage:" --macintosh
-expect missing_clip_windows 1 "no such.bvh" --windows "no such.bvh"
 expect two_clips 0 "usage:" a.bvh b.bvh
 expect out_without_folder 0 "usage:" --out
 expect empty_out 0 "usage:" --out ""
