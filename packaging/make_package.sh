@@ -34,7 +34,12 @@ list_for_installer() {
     cd -- "$work/files"
     find . -type d -printf '%P\n' | sort | while read -r folder; do
         printf 'SetOutPath "$INSTDIR\\%s"\n' "${folder//\//\\}"
-        find "./$folder" -maxdepth 1 -type f | sort | while read -r file; do printf 'File "%s"\n' "$file"; done
+        find "./$folder" -maxdepth 1 -type f | sort | while read -r file; do
+            case $file in
+                */zmx_maxconfig.xml) printf 'SetOverwrite off\nFile "%s"\nSetOverwrite on\n' "$file" ;; # the user's by now
+                *) printf 'File "%s"\n' "$file" ;;
+            esac
+        done
     done >"$work/install.nsh"
     {
         find . -type f -printf 'Delete "$INSTDIR\\%P"\n' | sort

@@ -44,6 +44,9 @@ wine "$build/bin/headless.exe" --plugins "$plugins" --report "$here\\report.txt"
     fail "the session failed"
 [ "$(wc -l <"$folder/out/positions.csv")" -gt 75 ] || fail "the sample clip was not played"
 
+wine "$folder/$setup" /S "/HOST=$here\\host" "/D=$here\\installed" || fail "setup over an installation failed"
+grep -q report.txt "$layout/zmx_maxconfig.xml" || fail "the user's settings were overwritten"
+
 touch -- "$layout/of the user.bvh"
 uninstall() {
     wine "$installed/uninstall.exe" /S
