@@ -46,10 +46,12 @@ void PluginLoader::registerClasses(const PluginLibrary& library) {
 }
 
 std::size_t PluginLoader::loadFolder(const std::string& folder) {
+    // Joined as text: on Windows a path gives a folder back in other bytes than those that the system takes.
+    const std::string prefix = folder + static_cast<char>(std::filesystem::path::preferred_separator);
     std::vector<std::string> files;
     std::error_code failed;
     for (const auto& entry : std::filesystem::directory_iterator(folder, failed)) {
-        if (isPluginFile(entry)) files.push_back(entry.path().string());
+        if (isPluginFile(entry)) files.push_back(prefix + entry.path().filename().string());
     }
     if (failed) failures.push_back(folder + ": " + failed.message());
     std::sort(files.begin(), files.end());
