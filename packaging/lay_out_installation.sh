@@ -10,8 +10,7 @@
 #
 # What DEST held before is removed, unless it is no such installation: then nothing is done. DRIVE, such as Z:,
 # is what the product's files call the root folder, for a build that runs under Wine; empty for others. Each ELEMENT
-# is XML that the settings get too,
-# after what stands there otherwise, so that it counts.
+# is XML that the settings get too, behind the defaults, so that it counts.
 set -euo pipefail
 
 usage() {
